@@ -1,0 +1,39 @@
+#pragma once
+
+#include "archive/Module1.h"
+#include "archive/token.h"
+#include "files/result.h"
+
+// Reading and writing spartiti/archivio.js; docs/file-formats.md tells its format.
+
+// The five fields of one record, as views into the file's bytes.
+struct ArchiveRecord {
+    QByteArrayView number;
+    QByteArrayView title;
+    QByteArrayView author;
+    QByteArrayView tags;
+    QByteArrayView category;
+    bool regular = true; // each field stands on a line of its own, with nothing else on it
+};
+
+// Takes the ten tokens of the record at the file's position.
+ArchiveRecord readRecord(TokenFile &file);
+
+// What loadArchive() found. Where the result is not fine, nothing in memory has changed.
+struct [[nodiscard]] ArchiveReading {
+    Result result;
+    int irregularRecord = 0; // the first record that is not regular, from 1; 0 if all are
+    bool endMissing = false; // behind the last record comes something else than the closing line
+};
+
+// Fills recCount and entries 1 to recCount of the five arrays of Module1 from the file, and touches no
+// others. A file that is there and cannot be read, is damaged or holds more than 9,999 records sets
+// archiveRefusal, since a Save would destroy what it holds.
+ArchiveReading loadArchive();
+
+// Replaces the file with entries 1 to `count` of the arrays, which stay as they are. Refused with
+// archiveRefusal as the reason where that is set; Unwritable leaves the old file in place.
+Result writeArchive(int count = Module1.recCount);
+
+// Replaces spartiti/ARCHIVIO.CSV with entries 1 to recCount, as they stand in memory.
+Result writeCsv();

@@ -1,0 +1,53 @@
+#include "archive/token.h"
+
+#include <cstring>
+
+static bool isDelimiter(char character)
+{
+    return character == ',' || character == '\r' || character == '\n';
+}
+
+static qsizetype closingQuote(const TokenFile &file)
+{
+    const char *start = file.bytes.data() + file.position;
+    const void *found = std::memchr(start, '"', static_cast<size_t>(file.bytes.size() - file.position));
+    return found ? static_cast<const char *>(found) - file.bytes.data() : file.bytes.size();
+}
+
+static void skipDelimiter(TokenFile &file)
+{
+    if (file.atEnd() || !isDelimiter(file.bytes[file.position]))
+        return;
+    const bool lineEnd = file.bytes[file.position] == '\r';
+    file.position += 1;
+    if (lineEnd && !file.atEnd() && file.bytes[file.position] == '\n')
+        file.position += 1;
+}
+
+QByteArrayView readToken(TokenFile &file)
+{
+    while (!file.atEnd() && file.bytes[file.position] == ' ')
+        file.position += 1;
+
+    qsizetype start = file.position;
+    qsizetype end = start;
+    if (!file.atEnd() && file.bytes[start] == '"') {
+        file.position = ++start;
+        end = closingQuote(file);
+        file.position = qMin(end + 1, file.bytes.size());
+    } else {
+        while (end < file.bytes.size() && !isDelimiter(file.bytes[end]))
+            end += 1;
+        file.position = end;
+    }
+    skipDelimiter(file);
+    return file.bytes.sliced(start, end - start);
+}
+
+qsizetype countTokens(TokenFile file)
+{
+    qsizetype count = 0;
+    for (; !file.atEnd(); count += 1)
+        readToken(file);
+    return count;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArrayView>
+
+// A text data file in memory, and how far it has been read. The bytes must outlive every token.
+struct TokenFile {
+    QByteArrayView bytes;
+    qsizetype position = 0;
+
+    bool atEnd() const { return position >= bytes.size(); }
+};
+
+// The next token, without its quotes and not trimmed, as a view into the file's bytes; the position then
+// stands behind it and behind the one delimiter that ended it. A comma ends a token, and a line end
+// (CR LF, or either alone) behind that comma gives one more, empty token: see "Tokens" in
+// docs/file-formats.md. At the end of the file the token is empty.
+QByteArrayView readToken(TokenFile &file);
+
+// How many tokens the file holds from its position to its end.
+qsizetype countTokens(TokenFile file);

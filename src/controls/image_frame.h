@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QPixmap>
+#include <QWidget>
+
+// Shows a page stretched to its whole frame, whatever the page's proportions.
+class ImageFrame : public QWidget
+{
+    Q_OBJECT
+public:
+    using QWidget::QWidget;
+
+    // Shows the file, or empties the frame where there is none of that name. A file that cannot be shown
+    // leaves the frame without a picture, and notice() stands in it.
+    void showFile(const QString &path);
+
+    const QPixmap &picture() const { return picture_; }
+    QString notice() const { return notice_; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void decode();
+
+    QString path_; // empty while the frame is
+    QPixmap picture_;
+    QString notice_;
+    qreal decodedFor_ = 0; // device pixels for a logical one when the picture was decoded
+};

@@ -1,0 +1,64 @@
+#include "controls/look.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QPalette>
+#include <QStyleFactory>
+
+// Outside any namespace, as the macro demands.
+static void loadImages()
+{
+    Q_INIT_RESOURCE(images);
+}
+
+static QFont fontOf(const QStringList &families, double points)
+{
+    QFont font(families);
+    font.setPixelSize(qRound(points * 96 / 72));
+    return font;
+}
+
+QFont verdana(double points)
+{
+    return fontOf({"Verdana", "DejaVu Sans"}, points);
+}
+
+QFont msSansSerif(double points)
+{
+    return fontOf({"MS Sans Serif", "Sans Serif"}, points);
+}
+
+static QPalette palette()
+{
+    QPalette palette(faceColour, Qt::white);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(role, lineColour);
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::AlternateBase})
+        palette.setColor(role, Qt::white);
+    palette.setColor(QPalette::Highlight, lineColour);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::ToolTipBase, Qt::white);
+    palette.setColor(QPalette::ToolTipText, Qt::black);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, Qt::gray);
+    return palette;
+}
+
+static QIcon programIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QStringLiteral(":/icons/tessaline-%1.png").arg(size));
+    return icon;
+}
+
+void applyLook(QApplication &app)
+{
+    loadImages();
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setPalette(palette());
+    QApplication::setFont(verdana(12));
+    QApplication::setWindowIcon(programIcon());
+    // The main window alone ends the program.
+    app.setQuitOnLastWindowClosed(false);
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+// Message boxes of the program: modal, no icon, the program's name as the title where no other is given.
+// They belong to the window in front.
+
+void messageBox(const QString &text, const QString &title = "Tessaline");
+
+// Yes and No; anything but Yes is false.
+bool askYesNo(const QString &question);

@@ -1,0 +1,32 @@
+#include "controls/page_image.h"
+
+#include <QImageReader>
+
+static constexpr qint64 mostPixels = 100'000'000;
+
+// The decoder reduces by 2, 4 or 8 at little cost; the result is at least nine tenths of what is wanted.
+static QSize reducedSize(QSize full, QSize wanted)
+{
+    int reduction = 8;
+    while (reduction > 1
+           && (full.width() / reduction * 10 < wanted.width() * 9
+               || full.height() / reduction * 10 < wanted.height() * 9))
+        reduction /= 2;
+    // Rounded down: asked for one pixel more, the decoder would take the next larger scale.
+    return {full.width() / reduction, full.height() / reduction};
+}
+
+QImage decodePage(const QString &path, QSize frame)
+{
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QSize full = reader.size();
+    if (full.isEmpty() || qint64{full.width()} * full.height() > mostPixels)
+        return {};
+    const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+    const QSize reduced = reducedSize(full, turned ? frame.transposed() : frame);
+    if (reduced != full)
+        reader.setScaledSize(reduced);
+    return reader.read().scaled(frame, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}

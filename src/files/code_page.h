@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+// The 8-bit code page of every data file: Windows-1252 as web browsers read it, on every platform. The
+// five bytes that it leaves unassigned (81, 8D, 8F, 90, 9D) stand for the control characters of the same
+// number, so that every byte survives reading and writing. See docs/file-formats.md.
+
+QString fromCodePage(QByteArrayView bytes);
+
+// A character that the code page lacks becomes "?"; whoever takes text from a person asks
+// isInCodePage() first.
+QByteArray toCodePage(QStringView text);
+
+bool isInCodePage(QChar character);

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+// The names of all files of an archive; nothing else in the program puts such a name together.
+// Every path is relative to the working directory, or lies in the folder `root` where one is given:
+// the top folder of an installation, with or without a separator at its end. docs/file-formats.md
+// tells what each file holds.
+
+enum class Page { Left, Right };
+
+QString archivePath(const QString &root = ".");
+QString categoriesPath();
+QString playlistPath();
+QString midiPath();
+QString csvPath();
+
+// The page that a right page starts as.
+QString emptyPagePath();
+
+// `record` counts from 1; it is put into the name in plain decimal, whatever it is.
+QString pagePath(int record, Page page, const QString &root = ".");
+QString recordingPath(int record);
+
+// The form in which people are told of a path: no leading "./", this platform's separators.
+QString shownPath(const QString &path);

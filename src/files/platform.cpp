@@ -1,0 +1,43 @@
+#include "files/platform.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <system_error>
+
+#ifdef _WIN32
+#include <io.h>
+
+bool syncFile(int handle)
+{
+    return _commit(handle) == 0;
+}
+
+void syncFolder(const QString &) { }
+#else
+#include <fcntl.h>
+#include <unistd.h>
+
+bool syncFile(int handle)
+{
+    int done = 0;
+    do
+        done = fsync(handle);
+    while (done != 0 && errno == EINTR);
+    return done == 0;
+}
+
+void syncFolder(const QString &folder)
+{
+    const int handle = open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0)
+        return;
+    syncFile(handle);
+    close(handle);
+}
+#endif
+
+QString systemReason()
+{
+    return QString::fromStdString(std::generic_category().message(errno));
+}

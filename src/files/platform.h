@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+// The calls that each operating system has its own name for. Nothing outside this file and its .cpp
+// may ask which system it runs on.
+
+// Waits until what was written to the open file is on the disk itself. False with errno set where the
+// system says that it could not be done.
+bool syncFile(int handle);
+
+// The same for the entries of a folder, so that a renamed file keeps its new name after a power cut.
+// Some file systems cannot; that is no failure, since the rename itself is done.
+void syncFolder(const QString &folder);
+
+// The system's words for the present errno.
+QString systemReason();

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+
+// What became of an operation that touches a disk: fine, or what failed, which file, and why.
+// Made in the core, turned into a message by a window.
+struct [[nodiscard]] Result {
+    enum class Kind {
+        Fine,
+        Missing, // the file is not there
+        Unreadable, // it is there and cannot be read
+        Damaged, // it was read, and its contents do not fit its format
+        TooLarge, // it holds more than the program has room for
+        Unwritable, // it could not be written; the file on disk is the old one
+        Refused // nothing was tried, for a reason known before
+    };
+
+    Kind kind = Kind::Fine;
+    QString file; // the path as a person sees it, e.g. spartiti/archivio.js
+    QString reason; // the system's words for it, or what is wrong with the contents
+
+    bool ok() const { return kind == Kind::Fine; }
+
+    // `path` may be in any form; "./spartiti/m.jpg" is shown as "spartiti/m.jpg".
+    static Result failed(Kind kind, const QString &path, const QString &reason);
+
+    // "spartiti/archivio.js: No space left on device"
+    QString text() const;
+};

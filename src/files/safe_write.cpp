@@ -1,0 +1,112 @@
+#include "files/safe_write.h"
+
+#include "files/platform.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+using Kind = Result::Kind;
+
+static Result openToRead(QFile &file)
+{
+    const QFileInfo info(file.fileName());
+    if (!info.exists())
+        return Result::failed(Kind::Missing, file.fileName(), "there is no such file");
+    if (!info.isFile())
+        return Result::failed(Kind::Unreadable, file.fileName(), "this is not a file");
+    if (!file.open(QIODevice::ReadOnly))
+        return Result::failed(Kind::Unreadable, file.fileName(), file.errorString());
+    return {};
+}
+
+Result readWhole(const QString &path, QByteArray &bytes)
+{
+    QFile file(path);
+    if (const Result opened = openToRead(file); !opened.ok())
+        return opened;
+    bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return Result::failed(Kind::Unreadable, path, file.errorString());
+    return {};
+}
+
+static Result unwritable(const QSaveFile &file, const QString &reason)
+{
+    return Result::failed(Kind::Unwritable, file.fileName(), reason);
+}
+
+static Result openToReplace(QSaveFile &file)
+{
+    const QString folder = QFileInfo(file.fileName()).path();
+    if (!QDir().mkpath(folder))
+        return unwritable(file, QStringLiteral("the folder %1 cannot be made").arg(folder));
+    if (!file.open(QIODevice::WriteOnly))
+        return unwritable(file, file.errorString());
+    return {};
+}
+
+// The order is not optional: a bare commit() flushes too late, ignores a failure to do so, and renames an
+// empty file over the old one.
+static Result putInPlace(QSaveFile &file, qint64 expectedSize)
+{
+    if (!file.flush())
+        return unwritable(file, file.errorString());
+    if (file.size() != expectedSize)
+        return unwritable(file, "not all of it could be written");
+    if (!syncFile(file.handle()))
+        return unwritable(file, systemReason());
+    if (!file.commit())
+        return unwritable(file, file.errorString());
+    syncFolder(QFileInfo(file.fileName()).path());
+    return {};
+}
+
+Result replaceFile(const QString &path, QByteArrayView bytes)
+{
+    QSaveFile file(path);
+    if (const Result opened = openToReplace(file); !opened.ok())
+        return opened;
+    if (file.write(bytes.data(), bytes.size()) != bytes.size())
+        return unwritable(file, file.errorString());
+    return putInPlace(file, bytes.size());
+}
+
+static Result copyContents(QFile &from, QSaveFile &to, qint64 &copied)
+{
+    static constexpr qint64 chunkSize = 1 << 20;
+    QByteArray chunk(chunkSize, Qt::Uninitialized);
+    while (true) {
+        const qint64 got = from.read(chunk.data(), chunkSize);
+        if (got < 0)
+            return Result::failed(Kind::Unreadable, from.fileName(), from.errorString());
+        if (got == 0)
+            return {};
+        if (to.write(chunk.constData(), got) != got)
+            return unwritable(to, to.errorString());
+        copied += got;
+    }
+}
+
+static bool isSameFile(const QString &one, const QString &other)
+{
+    const QString canonical = QFileInfo(one).canonicalFilePath();
+    return !canonical.isEmpty() && canonical == QFileInfo(other).canonicalFilePath();
+}
+
+Result copyFile(const QString &source, const QString &target)
+{
+    QFile from(source);
+    if (const Result opened = openToRead(from); !opened.ok())
+        return opened;
+    if (isSameFile(source, target))
+        return {};
+    QSaveFile to(target);
+    if (const Result opened = openToReplace(to); !opened.ok())
+        return opened;
+    qint64 copied = 0;
+    if (const Result done = copyContents(from, to, copied); !done.ok())
+        return done;
+    return putInPlace(to, copied);
+}

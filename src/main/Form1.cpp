@@ -1,0 +1,273 @@
+#include "main/Form1.h"
+
+#include "controls/image_frame.h"
+#include "controls/message_box.h"
+#include "controls/scroll_bar.h"
+#include "controls/text_box.h"
+#include "files/data_folder.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLayout>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QWheelEvent>
+
+Form1::Form1()
+    : Form({"Form1", "Tessaline 5.0", 11010, 9360, QPoint(450, 750)})
+{
+}
+
+static QFont italic(QFont font)
+{
+    font.setItalic(true);
+    return font;
+}
+
+void Form1::build(ControlMaker make)
+{
+    makeFields(make);
+    makePages(make);
+    makeButtons(make);
+    makeMenu();
+    setTabOrder(
+        {Text2, Command1, Text1, Text3, Text4, Command3, Command4, VScroll1, Command5, Command2, Command6});
+    connectKeys();
+}
+
+void Form1::makeFields(ControlMaker make)
+{
+    const QFont font = italic(verdana(14.25));
+    Text2 = make.textBox("Text2", "Title", {120, 120, 10215, 495}, font, "Title");
+    Text3 = make.textBox("Text3", "Author", {120, 1080, 10215, 495}, font, "Author");
+    Text4 = make.textBox("Text4", "Tags", {120, 2040, 10215, 495}, font,
+                         "Tags: add more words separated by spaces. Do not use accents or commas.");
+    make.line("Line1(2)", 120, 10320, 720);
+    make.line("Line1(1)", 120, 10320, 1680);
+    make.line("Line1(0)", 120, 10320, 2640);
+    Text1 = make.textBox("Text1", "Record", {120, 2760, 10215, 615}, verdana(24));
+    Text1->setAlignment(Qt::AlignCenter);
+    Text1->setReadOnly(true);
+    on(Text2, &QLineEdit::textChanged, [this] { writeThrough(Module1.recTitle, Text2); });
+    on(Text3, &QLineEdit::textChanged, [this] { writeThrough(Module1.recAuthor, Text3); });
+    on(Text4, &QLineEdit::textChanged, [this] { writeThrough(Module1.recTags, Text4); });
+}
+
+void Form1::makePages(ControlMaker make)
+{
+    Image1 = make.image("Image1", "Left page", {120, 3480, 4935, 4215});
+    Image2 = make.image("Image2", "Right page", {5400, 3480, 4935, 4215});
+    Command3 = make.button("Command3", "Left", {120, 7800, 4935, 495}, "Enter the left paper");
+    Command4 = make.button("Command4", "Right", {5400, 7800, 4935, 495}, "Enter the right paper");
+}
+
+void Form1::makeButtons(ControlMaker make)
+{
+    Command2 = make.button("Command2", "Mp3", {120, 8400, 1095, 855});
+    Picture1 = make.label("Picture1", {}, {1440, 8400, 840, 855});
+    Picture1->setPixmap(QIcon(":/images/recording.png").pixmap(QSize(50, 54), window()->devicePixelRatioF()));
+    Picture1->setAccessibleName("This song has a recording");
+    Picture1->hide();
+    Label6 = make.label("Label6", {}, {2400, 8640, 5535, 615}, verdana(15.75), Qt::AlignHCenter);
+    Command1 = make.button("Command1", "Save", {8040, 8400, 1095, 855});
+    Command5 = make.button("Command5", "Add", {9240, 8400, 1095, 855}, "Aggiungi nuovo titolo");
+    VScroll1 = make.verticalScrollBar("VScroll1", "Record", {10440, 120, 495, 9135});
+    VScroll1->setRange(1, Module1State::lastRecord);
+    Command6 = make.button("Command6", "SALVA CSV", {3720, 5040, 3375, 375});
+    Command6->hide();
+    on(VScroll1, &QScrollBar::valueChanged, [this] { showRecord(); });
+    on(Command1, &QPushButton::clicked, [this] { Command1_Click(); });
+    on(Command5, &QPushButton::clicked, [this] { Command5_Click(); });
+    on(Command6, &QPushButton::clicked, [this] { Command6_Click(); });
+}
+
+void Form1::makeMenu()
+{
+    auto *bar = new QMenuBar(window());
+    window()->layout()->setMenuBar(bar);
+    QMenu *edit = bar->addMenu("Work");
+    edit->setObjectName("edit");
+    const auto entry = [&](const QString &name, const QString &text, const QKeySequence &key) {
+        QAction *action = edit->addAction(text);
+        action->setObjectName(name);
+        action->setShortcut(key);
+        return action;
+    };
+    entry("playlist", "Playlist Manager", QKeySequence("Ctrl+P"))->setEnabled(false);
+    entry("midi", "Midi device", QKeySequence("Ctrl+D"))->setEnabled(false);
+    entry("merging", "Merging", QKeySequence("Ctrl+G"))->setEnabled(false);
+    on(entry("chiudi", "Exit", {}), &QAction::triggered, [this] { chiudi_Click(); });
+    onKey(QKeySequence("Alt+W"), [bar, edit] { bar->setActiveAction(edit->menuAction()); });
+}
+
+void Form1::connectKeys()
+{
+    onKey(QKeySequence::Save, [this] { Command1->click(); });
+    onKey(QKeySequence::New, [this] { Command5->click(); });
+    onKey(QKeySequence("Ctrl+L"), [this] { Command3->click(); });
+    onKey(QKeySequence("Ctrl+R"), [this] { Command4->click(); });
+    onKey(QKeySequence("Ctrl+M"), [this] { Command2->click(); });
+    onKey(QKeySequence("Ctrl+Shift+E"), [this] { Command6->setVisible(Command6->isHidden()); });
+    onKey(Qt::Key_PageUp, [this] { VScroll1->step(-1); });
+    onKey(Qt::Key_PageDown, [this] { VScroll1->step(1); });
+}
+
+// The wheel browses wherever in the window it is turned.
+bool Form1::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == window() && event->type() == QEvent::Wheel)
+        return QCoreApplication::sendEvent(VScroll1, event);
+    return Form::eventFilter(watched, event);
+}
+
+void Form1::load()
+{
+    Module1.recCount = 0;
+    bool isRead = QFileInfo::exists(archivePath());
+    if (isRead && !readArchive())
+        return;
+    if (Module1.recCount == 0 && beginArchive())
+        isRead = readArchive();
+    if (isRead)
+        showLastRecord();
+}
+
+bool Form1::readArchive()
+{
+    const ArchiveReading reading = loadArchive();
+    if (!reading.result.ok()) {
+        const QString &refusal = Module1.archiveRefusal;
+        messageBox(refusal.isEmpty() ? reading.result.text() : refusal);
+        return false;
+    }
+    if (reading.irregularRecord > 0) {
+        messageBox(QStringLiteral("spartiti/archivio.js is not as it should be from title %1 on: fields may "
+                                  "stand in the wrong place. It was read as it stands, and a Save would "
+                                  "make that permanent.")
+                       .arg(reading.irregularRecord));
+    } else if (reading.endMissing) {
+        messageBox(QStringLiteral("The end of spartiti/archivio.js is missing or is not as it should be. "
+                                  "%1 titles were read, and a Save would keep these alone.")
+                       .arg(Module1.recCount));
+    }
+    return true;
+}
+
+// True if an archive of one empty record now lies on the disk.
+bool Form1::beginArchive()
+{
+    const QString folder = QDir::toNativeSeparators(QDir::currentPath());
+    if (!askYesNo("There are no titles in the archive of this folder:\n" + folder
+                  + "\nDo you want to begin one?"))
+        return false;
+    const Result written = writeArchive(1);
+    if (!written.ok())
+        messageBox("The archive was not begun. " + written.text());
+    return written.ok();
+}
+
+void Form1::showLastRecord()
+{
+    const int last = qMax(Module1.recCount, 1);
+    showCount();
+    VScroll1->setMaximum(qMin(Module1.recCount + 1, Module1State::lastRecord));
+    if (VScroll1->value() == last)
+        showRecord();
+    else
+        VScroll1->setValue(last);
+}
+
+void Form1::showCount()
+{
+    Label6->setText(QStringLiteral("There are %1 titles").arg(Module1.recCount));
+}
+
+void Form1::showRecord()
+{
+    const int n = VScroll1->value();
+    const auto entry = static_cast<size_t>(n);
+    Module1.midiRecord = n;
+    Text1->setText(QString::number(n));
+    Text2->setText(Module1.recTitle[entry]);
+    Text3->setText(Module1.recAuthor[entry]);
+    Text4->setText(Module1.recTags[entry]);
+    Module1.pageRecord = n;
+    Image1->showFile(pagePath(n, Page::Left));
+    Image2->showFile(pagePath(n, Page::Right));
+    Picture1->setVisible(QFileInfo::exists(recordingPath(n)));
+}
+
+void Form1::writeThrough(Module1State::Column &column, const TextBox *box)
+{
+    QString &entry = column[static_cast<size_t>(VScroll1->value())];
+    if (entry == box->text())
+        return;
+    entry = box->text();
+    Module1.archiveChanged = true;
+}
+
+// Save
+void Form1::Command1_Click()
+{
+    if (const Result written = writeArchive(); !written.ok()) {
+        messageBox(written.kind == Result::Kind::Refused
+                       ? "The archive was not saved. " + written.reason
+                       : "The archive was not saved; the file is as it was before.\n" + written.text());
+        return;
+    }
+    if (const ArchiveReading reading = loadArchive(); !reading.result.ok()) {
+        messageBox("The archive was saved, but could not be read back.\n" + reading.result.text());
+        return;
+    }
+    showCount();
+    messageBox("Successfully saved!");
+}
+
+// Add
+void Form1::Command5_Click()
+{
+    if (Module1.recTitle[static_cast<size_t>(Module1.recCount)].isEmpty())
+        return;
+    if (Module1.recCount == Module1State::lastRecord) {
+        messageBox("The archive is full: it holds 9999 titles.");
+        return;
+    }
+    Module1.recCount += 1;
+    Module1.archiveChanged = true;
+    VScroll1->setMaximum(Module1.recCount);
+    VScroll1->setValue(Module1.recCount);
+}
+
+// SALVA CSV
+void Form1::Command6_Click()
+{
+    if (const Result written = writeCsv(); !written.ok())
+        messageBox("The export was not written; an earlier one is as it was before.\n" + written.text());
+    else
+        messageBox("OK! CONVERSIONE EFFETTUATA CON SUCCESSO CVS!");
+}
+
+// Exit
+void Form1::chiudi_Click()
+{
+    unload();
+    QCoreApplication::exit();
+}
+
+void Form1::closeBox()
+{
+    if (!hasUnsavedChanges() || askYesNo("There are changes that have not been saved. Close all the same?"))
+        chiudi_Click();
+}
+
+// Text typed behind the last record is no record yet, but it is somebody's work.
+bool Form1::hasUnsavedChanges() const
+{
+    if (Module1.archiveChanged)
+        return true;
+    const auto spare = static_cast<size_t>(qMin(Module1.recCount + 1, Module1State::lastRecord));
+    return spare > static_cast<size_t>(Module1.recCount)
+        && !(Module1.recTitle[spare] + Module1.recAuthor[spare] + Module1.recTags[spare]).isEmpty();
+}

@@ -1,0 +1,13 @@
+#include "controls/look.h"
+#include "main/Form1.h"
+
+#include <QApplication>
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    applyLook(app);
+    Form1 form1;
+    form1.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include "files/result.h"
+
+// A fresh folder that is the working directory, with a fresh Module1, for as long as the object lives.
+class TestFolder
+{
+public:
+    TestFolder();
+    ~TestFolder();
+
+    QString path() const { return folder_.path(); }
+
+private:
+    QString before_;
+    QTemporaryDir folder_;
+};
+
+// Writes a file, making its folder where it is missing.
+void put(const QString &path, const QByteArray &bytes);
+// What a file holds; "(missing)" where there is none.
+QByteArray contents(const QString &path);
+// The names in a folder, hidden ones too, sorted; folders end in a slash.
+QStringList namesIn(const QString &folder);
+
+// An archive file of these records, each "title|author|tags|category".
+QByteArray archiveOf(const QStringList &records);
+// Writes spartiti/archivio.js of these records.
+void putArchive(const QStringList &records);
+
+// While it lives no file of the process grows beyond so many bytes: a full disk, for any user. A limit
+// of 0 lets nothing be written.
+class FullDisk
+{
+public:
+    explicit FullDisk(qint64 bytes);
+    ~FullDisk();
+
+private:
+    unsigned long before_ = 0;
+};
