@@ -2,6 +2,8 @@
 
 #include <QByteArrayView>
 
+#include <vector>
+
 // A text data file in memory, and how far it has been read. The bytes must outlive every token.
 struct TokenFile {
     QByteArrayView bytes;
@@ -22,3 +24,6 @@ bool readWrittenLine(TokenFile &file, QByteArrayView &text);
 
 // How many tokens the file holds from its position to its end.
 qsizetype countTokens(TokenFile file);
+
+// All of them, in order.
+std::vector<QByteArrayView> allTokens(TokenFile file);
