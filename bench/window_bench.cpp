@@ -12,9 +12,10 @@
 #include <QFile>
 #include <QImage>
 #include <QProcess>
-#include <QTest>
+#include <QTimer>
 
 #include <cstdio>
+#include <cstdlib>
 
 static long residentKilobytes()
 {
@@ -26,8 +27,22 @@ static long residentKilobytes()
     return text.mid(start, text.indexOf("kB", start) - start).trimmed().toLong();
 }
 
+// Ends the program when the first window has been painted.
+class EndWhenPainted : public QObject
+{
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Expose)
+            QTimer::singleShot(0, [] { QCoreApplication::exit(); });
+        return false;
+    }
+};
+
 static int showAndEnd(const QString &window)
 {
+    EndWhenPainted end;
+    qApp->installEventFilter(&end);
     Form1 form;
     QWidget empty;
     if (window == "Form1") {
@@ -36,12 +51,10 @@ static int showAndEnd(const QString &window)
         empty.setFixedSize(734, 648);
         empty.show();
     }
-    for (QWidget *shown : QApplication::topLevelWidgets()) {
-        if (shown->isVisible() && !QTest::qWaitForWindowExposed(shown))
-            return 1;
-    }
+    QApplication::exec();
     std::printf("%ld\n", residentKilobytes());
-    return 0;
+    std::fflush(stdout);
+    std::_Exit(0);
 }
 
 static long startWindow(const QString &window)

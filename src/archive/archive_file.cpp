@@ -9,18 +9,30 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <span>
 
 using Kind = Result::Kind;
 
 static constexpr size_t tokensPerRecord = 10;
 
-ArchiveRecord recordIn(const std::vector<QByteArrayView> &tokens, size_t place)
+static QByteArrayView readFieldLine(TokenFile &file, bool &regular)
 {
-    const QByteArrayView *token = &tokens[(place - 1) * tokensPerRecord + 1];
-    const bool regular = token[1].isEmpty() && token[3].isEmpty() && token[5].isEmpty() && token[7].isEmpty()
-        && token[9].isEmpty();
-    return {token[0], token[2], token[4], token[6], token[8], regular};
+    QByteArrayView field;
+    if (readWrittenLine(file, field))
+        return field;
+    field = readToken(file);
+    regular &= readToken(file).isEmpty();
+    return field;
+}
+
+ArchiveRecord readRecord(TokenFile &file)
+{
+    ArchiveRecord record;
+    record.number = readFieldLine(file, record.regular);
+    record.title = readFieldLine(file, record.regular);
+    record.author = readFieldLine(file, record.regular);
+    record.tags = readFieldLine(file, record.regular);
+    record.category = readFieldLine(file, record.regular);
+    return record;
 }
 
 // The categories are few and the records many: equal texts share their memory.
@@ -74,26 +86,27 @@ static Result checkCount(size_t tokens, size_t records)
 }
 
 // The closing line, and behind it at most blank lines.
-static bool endsAsWritten(std::span<const QByteArrayView> tokens)
+static bool endsAsWritten(TokenFile &file)
 {
-    return !tokens.empty() && tokens[0] == "];"
-        && std::all_of(tokens.begin() + 1, tokens.end(),
-                       [](QByteArrayView token) { return token.isEmpty(); });
+    bool asWritten = readToken(file) == "];";
+    while (!file.atEnd())
+        asWritten &= readToken(file).isEmpty();
+    return asWritten;
 }
 
-static ArchiveReading storeRecords(const std::vector<QByteArrayView> &tokens, size_t records,
-                                   CodePageReader text)
+static ArchiveReading storeRecords(TokenFile &file, size_t records, CodePageReader text)
 {
     ArchiveReading reading;
-    reading.endMissing = !endsAsWritten(std::span(tokens).subspan(1 + records * tokensPerRecord));
-    if (records == 0 && reading.endMissing)
-        return refuseFromNowOn(damaged());
+    readToken(file);
     for (size_t i = 1; i <= records; i += 1) {
-        const ArchiveRecord record = recordIn(tokens, i);
+        const ArchiveRecord record = readRecord(file);
         storeRecord(i, record, text);
         if (!record.regular && reading.irregularRecord == 0)
             reading.irregularRecord = static_cast<int>(i);
     }
+    reading.endMissing = !endsAsWritten(file);
+    if (records == 0 && reading.endMissing)
+        return refuseFromNowOn(damaged());
     Module1.recCount = static_cast<int>(records);
     Module1.archiveChanged = false;
     return reading;
@@ -105,11 +118,12 @@ ArchiveReading loadArchive()
     if (const Result read = readWhole(archivePath(), bytes); !read.ok())
         return read.kind == Kind::Missing ? ArchiveReading{.result = read} : refuseFromNowOn(read);
 
-    const std::vector<QByteArrayView> tokens = allTokens({bytes});
-    const size_t records = recordsIn(tokens.size());
-    if (const Result fits = checkCount(tokens.size(), records); !fits.ok())
+    TokenFile file{bytes};
+    const auto tokens = static_cast<size_t>(countTokens(file));
+    const size_t records = recordsIn(tokens);
+    if (const Result fits = checkCount(tokens, records); !fits.ok())
         return refuseFromNowOn(fits);
-    return storeRecords(tokens, records, codePageReaderFor(bytes));
+    return storeRecords(file, records, codePageReaderFor(bytes));
 }
 
 static QStringView writtenCategory(size_t i)

@@ -71,20 +71,3 @@ qsizetype countTokens(TokenFile file)
     }
     return count;
 }
-
-std::vector<QByteArrayView> allTokens(TokenFile file)
-{
-    static constexpr qsizetype usualLength = 8; // of a token and its delimiters, the empty ones counted in
-    std::vector<QByteArrayView> tokens;
-    tokens.reserve(static_cast<size_t>(file.bytes.size() / usualLength));
-    while (!file.atEnd()) {
-        QByteArrayView text;
-        if (readWrittenLine(file, text)) {
-            tokens.push_back(text);
-            tokens.emplace_back();
-        } else {
-            tokens.push_back(readToken(file));
-        }
-    }
-    return tokens;
-}

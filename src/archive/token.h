@@ -2,8 +2,6 @@
 
 #include <QByteArrayView>
 
-#include <vector>
-
 // A text data file in memory, and how far it has been read. The bytes must outlive every token.
 struct TokenFile {
     QByteArrayView bytes;
@@ -24,6 +22,3 @@ bool readWrittenLine(TokenFile &file, QByteArrayView &text);
 
 // How many tokens the file holds from its position to its end.
 qsizetype countTokens(TokenFile file);
-
-// All of them, in order.
-std::vector<QByteArrayView> allTokens(TokenFile file);

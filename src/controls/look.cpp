@@ -47,7 +47,7 @@ static QPalette palette()
 static QIcon programIcon()
 {
     QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+    for (const int size : {16, 24, 32, 48, 128})
         icon.addFile(QStringLiteral(":/icons/tessaline-%1.png").arg(size));
     return icon;
 }

@@ -17,10 +17,10 @@ static constexpr bool isUpperControl(char16_t code)
 // Without a branch in its loop, so that the compiler makes it look at many bytes at once.
 static bool hasUpperControls(QByteArrayView bytes)
 {
-    bool found = false;
+    quint8 found = 0;
     for (const char byte : bytes)
-        found |= (static_cast<unsigned char>(byte) & 0xE0u) == 0x80u;
-    return found;
+        found = static_cast<quint8>(found | (static_cast<quint8>(byte & 0xE0) == 0x80));
+    return found != 0;
 }
 
 QString fromCodePage(QByteArrayView bytes)
