@@ -4,7 +4,6 @@
 #include "support/windows.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QSignalSpy>
 
 // The two lists side by side, as the windows have them.
@@ -36,10 +35,10 @@ struct Lists {
         return names;
     }
 
-    void clickFile(int row) const
+    void clickFile(int row, Qt::KeyboardModifiers held = {}) const
     {
         const QRect place = files->visualRect(files->model()->index(row, 0));
-        QTest::mouseClick(files->viewport(), Qt::LeftButton, {}, place.center());
+        QTest::mouseClick(files->viewport(), Qt::LeftButton, held, place.center());
     }
 
     void openFolder(const QString &name) const
@@ -64,6 +63,127 @@ private slots:
             put(name, "x");
         put("folder.jpg/inside", "x");
         const QStringList expected{".x.jpg", "A.jpg", "b.jpg", "è.jpg", "f.jpg", "Page 9.JPG", "page 10.jpg"};
+        QCOMPARE(Lists().names(), expected);
+    }
 
-        WINDOW_TEST_MAIN(FolderListsTest)
+    void folders_showTheWayFromTheRootAndWhatLiesBelow()
+    {
+        const TestFolder folder;
+        for (const QString name : {"scans/2", "scans/10", "scans/Alpha", "scans/.hidden", "other"})
+            QDir().mkpath(name);
+        put("scans/a.jpg", "x");
+        const Lists lists;
+        lists.openFolder("scans");
+
+        QStringList way = QDir::current().filePath("scans").split('/');
+        way[0] = "/";
+        QCOMPARE(lists.folderNames(), way + QStringList({"2", "10", "Alpha"}));
+        QCOMPARE(lists.folders->currentItem()->text(0), "scans");
+        QCOMPARE(lists.files->path(), QDir::current().filePath("scans"));
+        QCOMPARE(lists.names(), QStringList("a.jpg"));
+    }
+
+    void theKeyboardWalksUpAndDown()
+    {
+        const TestFolder folder;
+        QDir().mkpath("scans");
+        const Lists lists;
+        QTest::keyClick(lists.folders, Qt::Key_Down);
+        QTest::keyClick(lists.folders, Qt::Key_Return);
+        QCOMPARE(lists.folders->path(), QDir::current().filePath("scans"));
+        QTest::keyClick(lists.folders, Qt::Key_Up);
+        QTest::keyClick(lists.folders, Qt::Key_Enter);
+        QCOMPARE(lists.folders->path(), QDir::currentPath());
+    }
+
+    void root_keepsItsSeparatorAndHasNothingAbove()
+    {
+        const Lists lists;
+        lists.openFolder("/");
+        QCOMPARE(lists.files->path(), "/");
+        QCOMPARE(lists.folders->topLevelItemCount(), 1);
+        QVERIFY(lists.folders->setPath(QDir::tempPath() + "/../"));
+        QCOMPARE(lists.folders->path(), "/");
+    }
+
+    // For a person without the right to read it, a folder fails at the same place as one that has gone.
+    void folderThatCannotBeRead_leavesTheListAndSaysSo()
+    {
+        const TestFolder folder;
+        QDir().mkpath("gone & <b>away");
+        QDir().mkpath("there");
+        const Lists lists;
+        QSignalSpy changes(lists.folders, &FolderList::folderChanged);
+        QDir().rmdir("gone & <b>away");
+        const QStringList before = lists.folderNames();
+        lists.openFolder("gone & <b>away");
+
+        QCOMPARE(lists.folderNames(), before);
+        QCOMPARE(changes.count(), 0);
+        QVERIFY(lists.folders->toolTip().contains("&lt;b&gt;away"));
+        QVERIFY(!lists.folders->setPath("/no/such/drive"));
+        QCOMPARE(lists.folders->toolTip(), "/no/such/drive cannot be read: No such file or directory");
+        lists.openFolder("there");
+        QCOMPARE(changes.count(), 1);
+        QVERIFY(lists.folders->toolTip().isEmpty());
+    }
+
+    void aFileIsSelectedByTheMouseAndByTheKeyboard()
+    {
+        const TestFolder folder;
+        for (const QString name : {"a.jpg", "b.jpg", "c.jpg"})
+            put(name, "x");
+        const Lists lists;
+        QSignalSpy clicks(lists.files, &FileList::fileClicked);
+        lists.files->setFocus();
+        QCOMPARE(lists.files->selectedPath(), QString());
+
+        QTest::keyClick(lists.files, Qt::Key_Down);
+        QCOMPARE(lists.files->selected(), "a.jpg");
+        QTest::keyClick(lists.files, Qt::Key_Down);
+        QCOMPARE(lists.files->selected(), "b.jpg");
+        lists.clickFile(2);
+        QCOMPARE(lists.files->selectedPath(), QDir::current().filePath("c.jpg"));
+        QCOMPARE(clicks.count(), 3);
+        lists.clickFile(2, Qt::ControlModifier);
+        QTest::mouseClick(lists.files->viewport(), Qt::LeftButton, {}, {10, 200});
+        QCOMPARE(lists.files->selected(), "c.jpg");
+        QCOMPARE(clicks.count(), 3);
+    }
+
+    void anotherFolder_takesTheSelectionAway()
+    {
+        const TestFolder folder;
+        put("a.jpg", "x");
+        put("below/a.jpg", "x");
+        const Lists lists;
+        lists.clickFile(0);
+        lists.openFolder("below");
+        QVERIFY(lists.files->selectedPath().isEmpty());
+        lists.clickFile(0);
+        QCOMPARE(lists.files->selectedPath(), QDir::current().filePath("below/a.jpg"));
+    }
+
+    void whatIsShownAgain_isReadAfreshAndKeepsItsSelection()
+    {
+        const TestFolder folder;
+        put("b.jpg", "x");
+        Lists lists;
+        lists.clickFile(0);
+        QSignalSpy clicks(lists.files, &FileList::fileClicked);
+        lists.window.hide();
+        put("a.jpg", "x");
+        lists.window.show();
+        QCOMPARE(lists.names(), QStringList({"a.jpg", "b.jpg"}));
+        QCOMPARE(lists.files->selected(), "b.jpg");
+        QCOMPARE(lists.files->currentIndex().row(), 1);
+        QCOMPARE(clicks.count(), 0);
+
+        QFile::remove("b.jpg");
+        lists.openFolder(QDir::current().dirName());
+        QVERIFY(lists.files->selected().isEmpty());
+    }
+};
+
+WINDOW_TEST_MAIN(FolderListsTest)
 #include "folder_lists_test.moc"

@@ -6,6 +6,9 @@
 #include <QKeyEvent>
 #include <QStringListModel>
 
+#include <algorithm>
+#include <array>
+
 // A name that does not fit is shown with its middle left out, and whole in its tool-tip.
 class NameModel : public QStringListModel
 {
