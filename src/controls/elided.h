@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QLabel>
+#include <QPushButton>
+
+// Controls whose text may be wider than they are: what does not fit is left out of the picture, text() and
+// the tool-tip have it whole.
+
+// A line with the path of a file, whose beginning is left out first.
+class PathLabel : public QLabel
+{
+    Q_OBJECT
+public:
+    explicit PathLabel(QWidget *parent);
+
+    void showPath(const QString &path);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};
+
+// A button with a name that comes from a file.
+class NameButton : public QPushButton
+{
+    Q_OBJECT
+public:
+    explicit NameButton(QWidget *parent);
+
+    void showName(const QString &name);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};
