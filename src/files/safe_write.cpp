@@ -37,6 +37,12 @@ static Result unwritable(const QSaveFile &file, const QString &reason)
     return Result::failed(Kind::Unwritable, file.fileName(), reason);
 }
 
+// A write that stopped half-way, as on a disk that has just become full, leaves its reason in errno alone.
+static Result unwritten(const QSaveFile &file)
+{
+    return unwritable(file, systemReason());
+}
+
 static Result openToReplace(QSaveFile &file)
 {
     const QString folder = QFileInfo(file.fileName()).path();
@@ -52,7 +58,7 @@ static Result openToReplace(QSaveFile &file)
 static Result putInPlace(QSaveFile &file, qint64 expectedSize)
 {
     if (!file.flush())
-        return unwritable(file, file.errorString());
+        return unwritten(file);
     if (file.size() != expectedSize)
         return unwritable(file, "not all of it could be written");
     if (!syncFile(file.handle()))
@@ -69,7 +75,7 @@ Result replaceFile(const QString &path, QByteArrayView bytes)
     if (const Result opened = openToReplace(file); !opened.ok())
         return opened;
     if (file.write(bytes.data(), bytes.size()) != bytes.size())
-        return unwritable(file, file.errorString());
+        return unwritten(file);
     return putInPlace(file, bytes.size());
 }
 
@@ -84,7 +90,7 @@ static Result copyContents(QFile &from, QSaveFile &to, qint64 &copied)
         if (got == 0)
             return {};
         if (to.write(chunk.constData(), got) != got)
-            return unwritable(to, to.errorString());
+            return unwritten(to);
         copied += got;
     }
 }
