@@ -37,12 +37,6 @@ static Result unwritable(const QSaveFile &file, const QString &reason)
     return Result::failed(Kind::Unwritable, file.fileName(), reason);
 }
 
-// A write that stopped half-way, as on a disk that has just become full, leaves its reason in errno alone.
-static Result unwritten(const QSaveFile &file)
-{
-    return unwritable(file, systemReason());
-}
-
 static Result openToReplace(QSaveFile &file)
 {
     const QString folder = QFileInfo(file.fileName()).path();
@@ -58,7 +52,7 @@ static Result openToReplace(QSaveFile &file)
 static Result putInPlace(QSaveFile &file, qint64 expectedSize)
 {
     if (!file.flush())
-        return unwritten(file);
+        return unwritable(file, file.errorString());
     if (file.size() != expectedSize)
         return unwritable(file, "not all of it could be written");
     if (!syncFile(file.handle()))
@@ -75,7 +69,7 @@ Result replaceFile(const QString &path, QByteArrayView bytes)
     if (const Result opened = openToReplace(file); !opened.ok())
         return opened;
     if (file.write(bytes.data(), bytes.size()) != bytes.size())
-        return unwritten(file);
+        return unwritable(file, file.errorString());
     return putInPlace(file, bytes.size());
 }
 
@@ -90,7 +84,7 @@ static Result copyContents(QFile &from, QSaveFile &to, qint64 &copied)
         if (got == 0)
             return {};
         if (to.write(chunk.constData(), got) != got)
-            return unwritten(to);
+            return unwritable(to, to.errorString());
         copied += got;
     }
 }
