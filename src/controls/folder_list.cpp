@@ -3,7 +3,7 @@
 #include "controls/control_maker.h"
 #include "controls/listed_names.h"
 
-#include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QStyle>
 #include <QToolTip>
@@ -18,9 +18,8 @@ FolderList::FolderList(QWidget *parent)
 {
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setHeaderHidden(true);
-    header()->setStretchLastSection(false);
-    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     setUniformRowHeights(true);
+    setTextElideMode(Qt::ElideMiddle);
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setExpandsOnDoubleClick(false);
@@ -111,6 +110,18 @@ void FolderList::keyPressEvent(QKeyEvent *event)
         openRow(currentItem());
     else
         QTreeWidget::keyPressEvent(event);
+}
+
+// A row's tool-tip is its whole path, unless there is something to tell.
+bool FolderList::viewportEvent(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
+        return QTreeWidget::viewportEvent(event);
+    const auto *help = static_cast<QHelpEvent *>(event);
+    const QTreeWidgetItem *row = itemAt(help->pos());
+    const QString path = row ? row->data(0, pathRole).toString() : QString();
+    QToolTip::showText(help->globalPos(), plainToolTip(QDir::toNativeSeparators(path)), this);
+    return true;
 }
 
 void FolderList::tellUnreadable(const QString &folder, const QString &reason)

@@ -24,6 +24,9 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+    // No row can be closed, so none has a mark for it.
+    void drawBranches(QPainter *, const QRect &, const QModelIndex &) const override { }
 
 private:
     void openRow(const QTreeWidgetItem *row);
