@@ -34,14 +34,19 @@ NameButton::NameButton(QWidget *parent)
 void NameButton::showName(const QString &name)
 {
     setText(shownAmpersands(name));
-    setToolTip(plainToolTip(name));
+    setToolTip(fittingText() == text() ? QString() : plainToolTip(name));
+}
+
+QString NameButton::fittingText() const
+{
+    const int room = width() - style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, this);
+    return fontMetrics().elidedText(text(), Qt::ElideRight, room, Qt::TextShowMnemonic);
 }
 
 void NameButton::paintEvent(QPaintEvent *)
 {
     QStyleOptionButton option;
     initStyleOption(&option);
-    const int margin = style()->pixelMetric(QStyle::PM_ButtonMargin, &option, this);
-    option.text = fontMetrics().elidedText(text(), Qt::ElideRight, width() - margin, Qt::TextShowMnemonic);
+    option.text = fittingText();
     QStylePainter(this).drawControl(QStyle::CE_PushButton, option);
 }

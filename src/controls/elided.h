@@ -3,8 +3,8 @@
 #include <QLabel>
 #include <QPushButton>
 
-// Controls whose text may be wider than they are: what does not fit is left out of the picture, text() and
-// the tool-tip have it whole.
+// Controls of one line whose text may be wider than they are: what does not fit is left out of the picture,
+// and stands in text() and in the tool-tip.
 
 // A line with the path of a file, whose beginning is left out first.
 class PathLabel : public QLabel
@@ -30,4 +30,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString fittingText() const;
 };

@@ -43,7 +43,9 @@ bool FolderList::setPath(const QString &folder)
 {
     const QString path = QDir::cleanPath(QDir(folder).absolutePath());
     if (const QString reason = obstacle(path); !reason.isEmpty()) {
-        tellUnreadable(path, reason);
+        setToolTip(plainToolTip(
+            QStringLiteral("%1 cannot be read: %2").arg(QDir::toNativeSeparators(path), reason)));
+        showReason();
         return false;
     }
     path_ = path;
@@ -124,10 +126,23 @@ bool FolderList::viewportEvent(QEvent *event)
     return true;
 }
 
-void FolderList::tellUnreadable(const QString &folder, const QString &reason)
+void FolderList::showReason()
 {
-    setToolTip(
-        plainToolTip(QStringLiteral("%1 cannot be read: %2").arg(QDir::toNativeSeparators(folder), reason)));
+    if (toolTip().isEmpty())
+        return;
     const QRect row = currentItem() ? visualItemRect(currentItem()) : QRect();
     QToolTip::showText(viewport()->mapToGlobal(row.bottomLeft()), toolTip(), this);
+}
+
+void FolderList::mousePressEvent(QMouseEvent *event)
+{
+    setToolTip({});
+    QTreeWidget::mousePressEvent(event);
+}
+
+// Letting go of the button that made the double click has hidden the tool-tip again.
+void FolderList::mouseReleaseEvent(QMouseEvent *event)
+{
+    QTreeWidget::mouseReleaseEvent(event);
+    showReason();
 }
