@@ -97,7 +97,7 @@ void FolderList::showWay()
     open->addChildren(below);
     expandAll();
     setCurrentItem(open);
-    scrollToItem(open);
+    scrollToItem(open, PositionAtCenter);
 }
 
 void FolderList::openRow(const QTreeWidgetItem *row)
