@@ -1,7 +1,9 @@
 #pragma once
 
 #include "archive/archive_file.h"
+#include "audio/mp3.h"
 #include "controls/form.h"
+#include "pages/PagePicker.h"
 
 class QLabel;
 class QPushButton;
@@ -31,6 +33,7 @@ private:
     void showRecord();
     void writeThrough(Module1State::Column &column, const TextBox *box);
     void Command1_Click();
+    void Command2_Click();
     void Command5_Click();
     void Command6_Click();
     void chiudi_Click();
@@ -56,4 +59,8 @@ private:
     QPushButton *Command5 = nullptr;
     QPushButton *Command6 = nullptr;
     ScrollBar *VScroll1 = nullptr;
+
+    PagePicker sinistra{Page::Left};
+    PagePicker destra{Page::Right};
+    mp3 mp3_;
 };
