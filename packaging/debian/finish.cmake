@@ -1,0 +1,13 @@
+# Run by cpack on the files that the package will hold: brings the documents into the form that Debian asks for.
+set(share ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share)
+set(doc ${share}/doc/tessaline)
+
+file(REMOVE ${doc}/LICENSE)
+file(COPY ${CMAKE_CURRENT_LIST_DIR}/copyright DESTINATION ${doc})
+file(RENAME ${doc}/CHANGELOG.md ${doc}/changelog)
+file(COPY_FILE ${CMAKE_CURRENT_LIST_DIR}/changelog ${doc}/changelog.Debian)
+execute_process(COMMAND gzip -9n ${doc}/changelog ${doc}/changelog.Debian ${share}/man/man1/tessaline.1
+                COMMAND_ERROR_IS_FATAL ANY)
+
+file(GLOB_RECURSE files ${share}/*)
+file(CHMOD ${files} PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
