@@ -44,10 +44,29 @@ QByteArrayView readToken(TokenFile &file)
     return file.bytes.sliced(start, end - start);
 }
 
+bool readWrittenLine(TokenFile &file, QByteArrayView &text)
+{
+    static constexpr QByteArrayView ending("\",\r\n");
+    if (file.atEnd() || file.bytes[file.position] != '"')
+        return false;
+    const qsizetype start = file.position + 1;
+    const qsizetype close = closingQuote({file.bytes, start});
+    if (!file.bytes.sliced(close).startsWith(ending))
+        return false;
+    text = file.bytes.sliced(start, close - start);
+    file.position = close + ending.size();
+    return true;
+}
+
 qsizetype countTokens(TokenFile file)
 {
     qsizetype count = 0;
-    for (; !file.atEnd(); count += 1)
-        readToken(file);
+    QByteArrayView text;
+    while (!file.atEnd()) {
+        const bool isWholeLine = readWrittenLine(file, text);
+        if (!isWholeLine)
+            readToken(file);
+        count += isWholeLine ? 2 : 1;
+    }
     return count;
 }

@@ -16,5 +16,9 @@ struct TokenFile {
 // docs/file-formats.md. At the end of the file the token is empty.
 QByteArrayView readToken(TokenFile &file);
 
+// Takes a line that stands just as the writers put it, "text", and CR LF: two tokens, of which the second
+// is empty. Any other line is left to readToken(): false, and the position has not moved.
+bool readWrittenLine(TokenFile &file, QByteArrayView &text);
+
 // How many tokens the file holds from its position to its end.
 qsizetype countTokens(TokenFile file);
