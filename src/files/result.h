@@ -26,4 +26,8 @@ struct [[nodiscard]] Result {
 
     // "spartiti/archivio.js: No space left on device"
     QString text() const;
+
+    // Why a file that could not be read must not be written: "spartiti/archivio.js is damaged and was not
+    // read. It is left as it is." The reason is a verb with what belongs to it, but for an Unreadable file.
+    QString refusal() const;
 };
