@@ -32,6 +32,22 @@ Result readWhole(const QString &path, QByteArray &bytes)
     return {};
 }
 
+bool holdsJust(const QString &path, QByteArrayView bytes)
+{
+    static constexpr qint64 chunkSize = 1 << 18;
+    QFile file(path);
+    if (!openToRead(file).ok() || file.size() != bytes.size())
+        return false;
+    QByteArray chunk(qMin(chunkSize, file.size()), Qt::Uninitialized);
+    for (qsizetype compared = 0; compared < bytes.size();) {
+        const qint64 got = file.read(chunk.data(), chunk.size());
+        if (got <= 0 || bytes.sliced(compared, got) != QByteArrayView(chunk).first(got))
+            return false;
+        compared += got;
+    }
+    return true;
+}
+
 static Result unwritable(const QSaveFile &file, const QString &reason)
 {
     return Result::failed(Kind::Unwritable, file.fileName(), reason);
@@ -65,12 +81,21 @@ static Result putInPlace(QSaveFile &file, qint64 expectedSize)
 
 Result replaceFile(const QString &path, QByteArrayView bytes)
 {
+    return replaceFile(path, QList<QByteArrayView>{bytes});
+}
+
+Result replaceFile(const QString &path, const QList<QByteArrayView> &pieces)
+{
     QSaveFile file(path);
     if (const Result opened = openToReplace(file); !opened.ok())
         return opened;
-    if (file.write(bytes.data(), bytes.size()) != bytes.size())
-        return unwritable(file, file.errorString());
-    return putInPlace(file, bytes.size());
+    qint64 size = 0;
+    for (const QByteArrayView piece : pieces) {
+        if (file.write(piece.data(), piece.size()) != piece.size())
+            return unwritable(file, file.errorString());
+        size += piece.size();
+    }
+    return putInPlace(file, size);
 }
 
 static Result copyContents(QFile &from, QSaveFile &to, qint64 &copied)

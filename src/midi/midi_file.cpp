@@ -15,6 +15,8 @@ using Kind = Result::Kind;
 
 static constexpr int linesPerBlock = 1 + MidiTable::channels;
 static constexpr int tokensPerBlock = 2 * linesPerBlock;
+static constexpr QByteArrayView header("var midi = [\r\n");
+static constexpr QByteArrayView trailer(" ];\r\n");
 
 // A block's number, with or without leading zeros and blanks around it; nothing if it is none. One that is
 // out of range is no song's.
@@ -30,15 +32,10 @@ static std::optional<qint64> numberIn(QByteArrayView text)
 
 QByteArrayView MidiTable::line(int i, int number) const
 {
-    TokenFile file{bytes, start[static_cast<size_t>(i)]};
+    TokenFile file{bytes, block[static_cast<size_t>(i)].start};
     for (int dropped = 0; dropped < 2 * number; dropped += 1)
         readToken(file);
     return readToken(file);
-}
-
-bool MidiTable::matches(int i, int midiRecord) const
-{
-    return numberIn(midiBlockNumber(i)) == midiRecord;
 }
 
 static void appendUpToComma(QByteArrayView row, qsizetype &position, QString &field)
@@ -104,9 +101,14 @@ static bool readLine(TokenFile &file, MidiTable &table, QByteArrayView &text)
 
 static bool readBlock(TokenFile &file, MidiTable &table)
 {
+    const qsizetype start = file.position;
     QByteArrayView text;
-    if (!readLine(file, table, text) || !numberIn(text))
+    if (!readLine(file, table, text))
         return false;
+    const std::optional<qint64> number = numberIn(text);
+    if (!number)
+        return false;
+    table.block.push_back({start, *number});
     for (int k = 1; k <= MidiTable::channels; k += 1) {
         if (!readLine(file, table, text))
             return false;
@@ -117,8 +119,11 @@ static bool readBlock(TokenFile &file, MidiTable &table)
 // Behind the blocks one more line may stand, whatever it says as long as it is no field, and empty ones.
 static bool readEnd(TokenFile &file, MidiTable &table)
 {
-    if (file.bytes.sliced(file.position).trimmed().startsWith('"'))
+    const QByteArrayView rest = file.bytes.sliced(file.position);
+    if (rest.trimmed().startsWith('"'))
         return false;
+    if (rest != trailer)
+        table.asWritten = false;
     table.endMissing = readToken(file) != "];";
     while (!file.atEnd()) {
         if (!readToken(file).isEmpty())
@@ -131,34 +136,39 @@ static bool readEnd(TokenFile &file, MidiTable &table)
 static bool readBlocks(TokenFile &file, MidiTable &table)
 {
     readToken(file);
-    table.start.reserve(static_cast<size_t>(table.midiBlockCount) + 2);
-    table.start = {0, file.position};
+    table.asWritten = file.bytes.first(file.position) == header;
+    table.block.reserve(static_cast<size_t>(table.midiBlockCount) + 2);
+    table.block.emplace_back();
     for (int i = 1; i <= table.midiBlockCount; i += 1) {
         if (!readBlock(file, table))
             return false;
-        table.start.push_back(file.position);
     }
+    table.block.push_back({file.position, 0});
     return readEnd(file, table);
 }
 
-Result readMidiFile(MidiTable &table)
+static Result readTable(MidiTable &table)
 {
-    MidiTable found;
-    if (const Result read = readWhole(midiPath(), found.bytes); !read.ok())
-        return read;
-    if (!found.bytes.isEmpty() && found.bytes == table.bytes)
-        return {};
-
-    TokenFile file{found.bytes};
+    TokenFile file{table.bytes};
     const qsizetype tokens = countTokens(file);
     const qsizetype blocks = blocksIn(tokens);
     if (const Result fits = checkCount(tokens, blocks); !fits.ok())
         return fits;
-    found.midiBlockCount = static_cast<int>(blocks);
-    if (!readBlocks(file, found))
-        return Result::failed(Kind::Damaged, midiPath(), "is damaged");
-    table = std::move(found);
-    return {};
+    table.midiBlockCount = static_cast<int>(blocks);
+    return readBlocks(file, table) ? Result{} : Result::failed(Kind::Damaged, midiPath(), "is damaged");
+}
+
+Result readMidiFile(MidiTable &table)
+{
+    if (!table.bytes.isEmpty() && holdsJust(midiPath(), table.bytes))
+        return {};
+    MidiTable found;
+    Result result = readWhole(midiPath(), found.bytes);
+    if (result.ok())
+        result = readTable(found);
+    if (result.ok())
+        table = std::move(found);
+    return result;
 }
 
 static void appendLine(QByteArray &bytes, QByteArrayView text)
@@ -177,62 +187,104 @@ static void appendRows(QByteArray &bytes, const MidiFields &fields)
     }
 }
 
-static void appendUnchanged(QByteArray &bytes, const MidiTable &table, int i)
+static QByteArray blockOf(QByteArrayView number, const MidiFields &fields)
 {
-    const qsizetype start = table.start[static_cast<size_t>(i)];
-    const qsizetype end = table.start[static_cast<size_t>(i) + 1];
-    if (table.asWritten) {
-        bytes += QByteArrayView(table.bytes).sliced(start, end - start);
-        return;
-    }
-    appendLine(bytes, table.midiBlockNumber(i));
-    for (int k = 1; k <= MidiTable::channels; k += 1)
-        appendLine(bytes, table.midiBlockRow(i, k));
+    QByteArray bytes;
+    appendLine(bytes, number);
+    appendRows(bytes, fields);
+    return bytes;
 }
 
-// Appends the song's settings as the last block.
-static void appendNewBlock(MidiTable &table, int midiRecord, const MidiFields &fields)
+// The same blocks as the writer puts them.
+static Result putInWrittenForm(MidiTable &table)
 {
-    appendLine(table.bytes, QByteArray::number(midiRecord));
-    appendRows(table.bytes, fields);
-    table.start.push_back(table.bytes.size());
-    table.midiBlockCount += 1;
-}
-
-// The table as it is to be written.
-static MidiTable withSong(const MidiTable &table, int midiRecord, const MidiFields &fields)
-{
-    static constexpr qsizetype roomForOneBlock = 1024;
-    MidiTable next;
-    next.bytes.reserve(table.bytes.size() + roomForOneBlock);
-    next.bytes += "var midi = [\r\n";
-    next.start.reserve(static_cast<size_t>(table.midiBlockCount) + 3);
-    next.start = {0, next.bytes.size()};
-    bool midiBlockFound = false;
+    MidiTable written;
+    written.bytes = header.toByteArray();
     for (int i = 1; i <= table.midiBlockCount; i += 1) {
-        if (table.matches(i, midiRecord)) {
-            midiBlockFound = true;
-            appendLine(next.bytes, table.midiBlockNumber(i));
-            appendRows(next.bytes, fields);
-        } else {
-            appendUnchanged(next.bytes, table, i);
-        }
-        next.start.push_back(next.bytes.size());
+        appendLine(written.bytes, table.midiBlockNumber(i));
+        for (int k = 1; k <= MidiTable::channels; k += 1)
+            appendLine(written.bytes, table.midiBlockRow(i, k));
     }
-    next.midiBlockCount = table.midiBlockCount;
-    if (!midiBlockFound)
-        appendNewBlock(next, midiRecord, fields);
-    next.bytes += " ];\r\n";
-    return next;
+    written.bytes += trailer;
+    const Result read = readTable(written);
+    if (read.ok())
+        table = std::move(written);
+    return read;
+}
+
+// A block that goes out otherwise than it came in; one behind the last is new.
+struct Change {
+    size_t block = 0;
+    qint64 number = 0;
+    QByteArray bytes;
+};
+
+static QList<Change> changesFor(const MidiTable &table, int midiRecord, const MidiFields &fields)
+{
+    QList<Change> changes;
+    for (int i = 1; i <= table.midiBlockCount; i += 1) {
+        if (table.matches(i, midiRecord))
+            changes += {static_cast<size_t>(i), midiRecord, blockOf(table.midiBlockNumber(i), fields)};
+    }
+    const bool midiBlockFound = !changes.isEmpty();
+    if (!midiBlockFound) {
+        const auto behindLast = static_cast<size_t>(table.midiBlockCount) + 1;
+        changes += {behindLast, midiRecord, blockOf(QByteArray::number(midiRecord), fields)};
+    }
+    return changes;
+}
+
+static qsizetype endOf(const MidiTable &table, size_t block)
+{
+    return table.block[qMin(block + 1, table.block.size() - 1)].start;
+}
+
+static QList<QByteArrayView> piecesOf(const MidiTable &table, const QList<Change> &changes)
+{
+    const QByteArrayView bytes = table.bytes;
+    QList<QByteArrayView> pieces;
+    qsizetype done = 0;
+    for (const Change &change : changes) {
+        const qsizetype start = table.block[change.block].start;
+        pieces += {bytes.sliced(done, start - done), change.bytes};
+        done = endOf(table, change.block);
+    }
+    pieces += bytes.sliced(done);
+    return pieces;
+}
+
+static void apply(const Change &change, MidiTable &table)
+{
+    const qsizetype start = table.block[change.block].start;
+    const qsizetype length = endOf(table, change.block) - start;
+    table.bytes.replace(start, length, change.bytes);
+    table.block[change.block].number = change.number;
+    if (change.block > static_cast<size_t>(table.midiBlockCount)) {
+        table.midiBlockCount += 1;
+        table.block.push_back({start, 0});
+    }
+    for (size_t i = change.block + 1; i < table.block.size(); i += 1)
+        table.block[i].start += change.bytes.size() - length;
+}
+
+static Result writeChanges(MidiTable &table, const QList<Change> &changes)
+{
+    const Result written = replaceFile(midiPath(), piecesOf(table, changes));
+    for (const Change &change : changes) {
+        if (written.ok())
+            apply(change, table);
+    }
+    return written;
 }
 
 Result writeMidiFile(MidiTable &table, int midiRecord, const MidiFields &fields)
 {
-    MidiTable next = withSong(table, midiRecord, fields);
-    if (next.midiBlockCount > MidiTable::lastBlock)
+    if (!table.asWritten || table.bytes.isEmpty()) {
+        if (const Result put = putInWrittenForm(table); !put.ok())
+            return put;
+    }
+    const QList<Change> changes = changesFor(table, midiRecord, fields);
+    if (changes.constLast().block > MidiTable::lastBlock)
         return Result::failed(Kind::Refused, midiPath(), "it has no room for one more song");
-    const Result written = replaceFile(midiPath(), next.bytes);
-    if (written.ok())
-        table = std::move(next);
-    return written;
+    return writeChanges(table, changes);
 }

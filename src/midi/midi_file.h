@@ -16,18 +16,22 @@ struct MidiTable {
     static constexpr int lastBlock = 170000;
     static constexpr int channels = 16;
 
+    struct Block {
+        qsizetype start = 0; // the block's first byte
+        qint64 number = 0; // the value of its number, so that 012 is song 12
+    };
+
     int midiBlockCount = 0;
 
     // Block i counts from 1 to midiBlockCount, row k from 1 to 16. Views into the table, without quotes.
     QByteArrayView midiBlockNumber(int i) const { return line(i, 0); }
     QByteArrayView midiBlockRow(int i, int k) const { return line(i, k); }
 
-    // Whether block i is one of this song's; numbers are compared, so that 012 is song 12.
-    bool matches(int i, int midiRecord) const;
+    bool matches(int i, int midiRecord) const { return block[static_cast<size_t>(i)].number == midiRecord; }
 
     QByteArray bytes;
-    std::vector<qsizetype> start; // block i's first byte; the last entry is the byte behind all blocks
-    bool asWritten = true; // each block stands in the bytes just as the writer puts it
+    std::vector<Block> block; // place 0 is never used; one more behind the last tells where that ends
+    bool asWritten = true; // the bytes are just those that the writer gives
     bool endMissing = false; // behind the blocks comes something else than the closing line
 
 private:

@@ -43,6 +43,7 @@ void midifrm::makeHeads(ControlMaker make)
 static MidiBox *makeValue(ControlMaker make, const QString &name, const QString &spokenName, Place place)
 {
     auto *box = make.add<MidiBox>(name, spokenName, place, verdana(12));
+    box->setAlignment(Qt::AlignTop); // the boxes of a row differ in height, and their texts stand level
     box->setText(defaultText);
     box->setToolTip(spokenName);
     return box;
@@ -59,6 +60,7 @@ void midifrm::makeRow(ControlMaker make, int k)
 
     const auto number = make.textBox(indexed("Text1", k - 1), QStringLiteral("Channel %1").arg(k),
                                      {600 + half, top, 495, 405}, msSansSerif(12));
+    number->setAlignment(Qt::AlignTop);
     number->setText(QString::number(k));
     number->setEnabled(false);
     MSB[channel] =
