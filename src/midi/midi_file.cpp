@@ -200,13 +200,14 @@ static Result putInWrittenForm(MidiTable &table)
 {
     MidiTable written;
     written.bytes = header.toByteArray();
-    for (int i = 1; i <= table.midiBlockCount; i += 1) {
-        appendLine(written.bytes, table.midiBlockNumber(i));
-        for (int k = 1; k <= MidiTable::channels; k += 1)
-            appendLine(written.bytes, table.midiBlockRow(i, k));
+    TokenFile file{table.bytes, table.midiBlockCount > 0 ? table.block[1].start : 0};
+    for (int line = 1; line <= table.midiBlockCount * linesPerBlock; line += 1) {
+        appendLine(written.bytes, readToken(file));
+        readToken(file);
     }
     written.bytes += trailer;
     const Result read = readTable(written);
+    written.endMissing = table.endMissing;
     if (read.ok())
         table = std::move(written);
     return read;
@@ -269,12 +270,12 @@ static void apply(const Change &change, MidiTable &table)
 
 static Result writeChanges(MidiTable &table, const QList<Change> &changes)
 {
-    const Result written = replaceFile(midiPath(), piecesOf(table, changes));
-    for (const Change &change : changes) {
-        if (written.ok())
-            apply(change, table);
-    }
-    return written;
+    if (const Result written = replaceFile(midiPath(), piecesOf(table, changes)); !written.ok())
+        return written;
+    for (const Change &change : changes)
+        apply(change, table);
+    table.endMissing = false;
+    return {};
 }
 
 Result writeMidiFile(MidiTable &table, int midiRecord, const MidiFields &fields)
