@@ -37,18 +37,15 @@ static QByteArray fileOf(const QByteArray &blocks)
 }
 
 // The main window on an archive of three titles, "One" to "Three", of which the last is on display.
-class OpenedArchive
-{
-public:
+struct OpenedArchive {
+    TestFolder folder;
+    Form1 form1;
+
     OpenedArchive()
     {
         putArchive({"One|||0", "Two|||0", "Three|||0"});
-        form1_.show();
+        form1.show();
     }
-
-private:
-    TestFolder folder_;
-    Form1 form1_;
 };
 
 class MidiWindowTest : public QObject
@@ -71,13 +68,11 @@ void MidiWindowTest::file_is_shown_and_kept_until_saved()
         chooseMenu("midi");
         QTest::keyClick(windowNamed("midifrm"), Qt::Key_Escape);
         QCOMPARE(control<QLabel>("midifrm", "Label5")->text(), "Three");
-        QCOMPARE(windowNamed("midifrm")->findChild<QLabel *>("Label6")->text(), "2");
         QCOMPARE(firstRow(), "123||x y");
         click("midifrm", "Command3");
         QCOMPARE(firstRow(), "000|000|000");
         click("midifrm", "Command1");
-        QVERIFY(!windowNamed("midifrm"));
-        QCOMPARE(contents(midiPath()), before);
+        QVERIFY(!windowNamed("midifrm") && contents(midiPath()) == before);
     }
 }
 
