@@ -42,8 +42,6 @@ private:
     void showCount();
     bool hasUnsavedChanges() const;
 
-    midifrm midifrm_;
-
     TextBox *Text1 = nullptr;
     TextBox *Text2 = nullptr;
     TextBox *Text3 = nullptr;
@@ -59,4 +57,6 @@ private:
     QPushButton *Command5 = nullptr;
     QPushButton *Command6 = nullptr;
     ScrollBar *VScroll1 = nullptr;
+
+    midifrm midifrm_;
 };
