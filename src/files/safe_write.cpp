@@ -32,6 +32,22 @@ Result readWhole(const QString &path, QByteArray &bytes)
     return {};
 }
 
+bool holdsJust(const QString &path, QByteArrayView bytes)
+{
+    static constexpr qint64 chunkSize = 1 << 18;
+    QFile file(path);
+    if (!openToRead(file).ok() || file.size() != bytes.size())
+        return false;
+    QByteArray chunk(qMin(chunkSize, file.size()), Qt::Uninitialized);
+    for (qsizetype compared = 0; compared < bytes.size();) {
+        const qint64 got = file.read(chunk.data(), chunk.size());
+        if (got <= 0 || bytes.sliced(compared, got) != QByteArrayView(chunk).first(got))
+            return false;
+        compared += got;
+    }
+    return true;
+}
+
 static Result unwritable(const QSaveFile &file, const QString &reason)
 {
     return Result::failed(Kind::Unwritable, file.fileName(), reason);
@@ -78,12 +94,21 @@ static Result writeAll(QSaveFile &file, const char *bytes, qint64 size)
 
 Result replaceFile(const QString &path, QByteArrayView bytes)
 {
+    return replaceFile(path, QList<QByteArrayView>{bytes});
+}
+
+Result replaceFile(const QString &path, const QList<QByteArrayView> &pieces)
+{
     QSaveFile file(path);
     if (const Result opened = openToReplace(file); !opened.ok())
         return opened;
-    if (const Result written = writeAll(file, bytes.data(), bytes.size()); !written.ok())
-        return written;
-    return putInPlace(file, bytes.size());
+    qint64 size = 0;
+    for (const QByteArrayView piece : pieces) {
+        if (const Result written = writeAll(file, piece.data(), piece.size()); !written.ok())
+            return written;
+        size += piece.size();
+    }
+    return putInPlace(file, size);
 }
 
 static Result copyContents(QFile &from, QSaveFile &to, qint64 &copied)

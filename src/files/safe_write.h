@@ -3,6 +3,7 @@
 #include "files/result.h"
 
 #include <QByteArray>
+#include <QList>
 
 // Reading and replacing whole files, for everybody. After a kill, a power cut, a full disk or a refused
 // write, a file that is being replaced is the old one or the new one, whole; docs/behaviour.md tells how.
@@ -10,9 +11,15 @@
 // Missing, Unreadable or fine. A folder under that name is Unreadable.
 Result readWhole(const QString &path, QByteArray &bytes);
 
+// Whether the file is there, can be read, and holds just these bytes.
+bool holdsJust(const QString &path, QByteArrayView bytes);
+
 // Puts `bytes` in place of whatever `path` held. The folder is made where it is missing. Anything but
 // fine is Unwritable, and then the old file stands untouched.
 Result replaceFile(const QString &path, QByteArrayView bytes);
+
+// The same with the pieces one behind the other.
+Result replaceFile(const QString &path, const QList<QByteArrayView> &pieces);
 
 // Puts a copy of `source`, byte for byte, in place of whatever `target` held, and leaves `source` as it
 // is. Copying a file onto itself changes nothing and is fine. Missing or Unreadable speak of `source`,

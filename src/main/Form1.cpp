@@ -99,7 +99,8 @@ void Form1::makeMenu()
         return action;
     };
     entry("playlist", "Playlist Manager", QKeySequence("Ctrl+P"))->setEnabled(false);
-    entry("midi", "Midi device", QKeySequence("Ctrl+D"))->setEnabled(false);
+    on(entry("midi", "Midi device", QKeySequence("Ctrl+D")), &QAction::triggered,
+       [this] { midifrm_.show(); });
     entry("merging", "Merging", QKeySequence("Ctrl+G"))->setEnabled(false);
     on(entry("chiudi", "Exit", {}), &QAction::triggered, [this] { chiudi_Click(); });
     onKey(QKeySequence("Alt+W"), [bar, edit] { bar->setActiveAction(edit->menuAction()); });

@@ -3,6 +3,7 @@
 #include "archive/archive_file.h"
 #include "audio/mp3.h"
 #include "controls/form.h"
+#include "midi/midifrm.h"
 #include "pages/PagePicker.h"
 
 class QLabel;
@@ -63,4 +64,5 @@ private:
     PagePicker sinistra{Page::Left};
     PagePicker destra{Page::Right};
     mp3 mp3_;
+    midifrm midifrm_;
 };
