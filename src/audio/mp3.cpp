@@ -61,8 +61,11 @@ void mp3::makeCategoryButtons(ControlMaker make)
 void mp3::load()
 {
     const Result read = readCategories();
-    for (size_t k = 1; k <= categoryCount; k += 1)
-        Command3[k]->showName(Module1.categoryName[k]);
+    for (size_t k = 1; k <= categoryCount; k += 1) {
+        const QString &name = Module1.categoryName[k];
+        Command3[k]->showName(name);
+        Command3[k]->setAccessibleName(name.isEmpty() ? Command3[k]->accessibleDescription() : name);
+    }
     if (!read.ok())
         messageBox("A category without a name is shown by its number.\n" + read.text());
 }
