@@ -39,7 +39,7 @@ static void storeRecord(size_t n, const ArchiveRecord &record)
     Module1.recCategory[n] = fromCodePage(record.category);
 }
 
-static bool endsAsWritten(TokenFile &file)
+bool endsAsWritten(TokenFile &file)
 {
     if (readToken(file) != "];")
         return false;

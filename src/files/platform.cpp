@@ -13,6 +13,11 @@ bool syncFile(int handle)
     return _commit(handle) == 0;
 }
 
+bool syncFileSystem(int)
+{
+    return false;
+}
+
 void syncFolder(const QString &) { }
 #else
 #include <fcntl.h>
@@ -25,6 +30,15 @@ bool syncFile(int handle)
         done = fsync(handle);
     while (done != 0 && errno == EINTR);
     return done == 0;
+}
+
+bool syncFileSystem([[maybe_unused]] int handle)
+{
+#ifdef __linux__
+    return syncfs(handle) == 0;
+#else
+    return false;
+#endif
 }
 
 void syncFolder(const QString &folder)

@@ -3,6 +3,7 @@
 #include "files/result.h"
 
 #include <QByteArray>
+#include <QList>
 
 // Reading and replacing whole files, for everybody. After a kill, a power cut, a full disk or a refused
 // write, a file that is being replaced is the old one or the new one, whole; docs/behaviour.md tells how.
@@ -18,3 +19,13 @@ Result replaceFile(const QString &path, QByteArrayView bytes);
 // is. Copying a file onto itself changes nothing and is fine. Missing or Unreadable speak of `source`,
 // Unwritable of `target`, and then the old target stands untouched.
 Result copyFile(const QString &source, const QString &target);
+
+struct FileCopy {
+    QString source;
+    QString target;
+};
+
+// As copyFile() for each of them, in this order, with one result each; what fails holds up none of the
+// others. Many files take hardly longer than their bytes need, as the disk is waited for once for many of
+// them, and no more memory or open files than a few.
+QList<Result> copyFiles(const QList<FileCopy> &copies);
