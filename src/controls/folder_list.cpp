@@ -1,0 +1,122 @@
+#include "controls/folder_list.h"
+
+#include "controls/control_maker.h"
+#include "controls/listed_names.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QStyle>
+#include <QToolTip>
+
+#include <filesystem>
+#include <system_error>
+
+static constexpr int pathRole = Qt::UserRole;
+
+FolderList::FolderList(QWidget *parent)
+    : QTreeWidget(parent)
+{
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setHeaderHidden(true);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    setUniformRowHeights(true);
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setExpandsOnDoubleClick(false);
+    setIndentation(style()->pixelMetric(QStyle::PM_SmallIconSize) / 2);
+    connect(this, &QTreeWidget::itemDoubleClicked, this, &FolderList::openRow);
+    if (!setPath(QDir::currentPath()))
+        setPath(QDir::rootPath());
+}
+
+// Why a folder cannot be entered; empty if it can.
+static QString obstacle(const QString &folder)
+{
+    std::error_code error;
+    const std::filesystem::directory_iterator attempt(QFileInfo(folder).filesystemFilePath(), error);
+    if (!error && !QFileInfo(folder).isExecutable())
+        error = std::make_error_code(std::errc::permission_denied);
+    return error ? QString::fromStdString(error.message()) : QString();
+}
+
+bool FolderList::setPath(const QString &folder)
+{
+    const QString path = QDir::cleanPath(QDir(folder).absolutePath());
+    if (const QString reason = obstacle(path); !reason.isEmpty()) {
+        tellUnreadable(path, reason);
+        return false;
+    }
+    path_ = path;
+    setToolTip({});
+    showWay();
+    emit folderChanged(this->path());
+    return true;
+}
+
+QString FolderList::path() const
+{
+    return QDir::toNativeSeparators(path_);
+}
+
+static QTreeWidgetItem *rowFor(const QString &folder, const QIcon &icon)
+{
+    const QString name = QFileInfo(folder).fileName();
+    auto *row = new QTreeWidgetItem({name.isEmpty() ? QDir::toNativeSeparators(folder) : name});
+    row->setIcon(0, icon);
+    row->setData(0, pathRole, folder);
+    return row;
+}
+
+// The folders from the root down to this one.
+static QStringList wayTo(QString folder)
+{
+    QStringList way(folder);
+    for (QString above = QFileInfo(folder).path(); above != folder; above = QFileInfo(folder).path()) {
+        folder = above;
+        way.prepend(folder);
+    }
+    return way;
+}
+
+void FolderList::showWay()
+{
+    clear();
+    const QIcon openIcon = style()->standardIcon(QStyle::SP_DirOpenIcon);
+    QTreeWidgetItem *open = invisibleRootItem();
+    for (const QString &folder : wayTo(path_)) {
+        QTreeWidgetItem *row = rowFor(folder, openIcon);
+        open->addChild(row);
+        open = row;
+    }
+    const QIcon icon = style()->standardIcon(QStyle::SP_DirIcon);
+    QList<QTreeWidgetItem *> below;
+    for (const QString &name : listedNames(path_, QDir::Dirs | QDir::NoDotAndDotDot))
+        below += rowFor(QDir(path_).filePath(name), icon);
+    open->addChildren(below);
+    expandAll();
+    setCurrentItem(open);
+    scrollToItem(open);
+}
+
+void FolderList::openRow(const QTreeWidgetItem *row)
+{
+    setPath(row->data(0, pathRole).toString());
+}
+
+void FolderList::keyPressEvent(QKeyEvent *event)
+{
+    const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enters && currentItem())
+        openRow(currentItem());
+    else
+        QTreeWidget::keyPressEvent(event);
+}
+
+void FolderList::tellUnreadable(const QString &folder, const QString &reason)
+{
+    setToolTip(
+        plainToolTip(QStringLiteral("%1 cannot be read: %2").arg(QDir::toNativeSeparators(folder), reason)));
+    const QRect row = currentItem() ? visualItemRect(currentItem()) : QRect();
+    QToolTip::showText(viewport()->mapToGlobal(row.bottomLeft()), toolTip(), this);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QTreeWidget>
+
+// Shows where in the folders a person is: the way from the root down, a row each, and below it the
+// folders of the one that is open. A double click or Enter opens the folder of a row. It starts at the
+// working directory.
+class FolderList : public QTreeWidget
+{
+    Q_OBJECT
+public:
+    explicit FolderList(QWidget *parent);
+
+    // Opens a folder, as a person would. One that cannot be read leaves the list where it is, and the
+    // tool-tip tells why; the answer is then false.
+    bool setPath(const QString &folder);
+
+    // The open folder with this platform's separators, and none at its end except for a root's own.
+    QString path() const;
+
+signals:
+    // A folder was opened, be it the same one again, which has then been read afresh.
+    void folderChanged(const QString &path);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void openRow(const QTreeWidgetItem *row);
+    void showWay();
+    void tellUnreadable(const QString &folder, const QString &reason);
+
+    QString path_;
+};
