@@ -97,7 +97,7 @@ void Form1::makeMenu()
     };
     entry("playlist", "Playlist Manager", QKeySequence("Ctrl+P"))->setEnabled(false);
     entry("midi", "Midi device", QKeySequence("Ctrl+D"))->setEnabled(false);
-    entry("merging", "Merging", QKeySequence("Ctrl+G"))->setEnabled(false);
+    on(entry("merging", "Merging", QKeySequence("Ctrl+G")), &QAction::triggered, [this] { premerge.show(); });
     on(entry("chiudi", "Exit", {}), &QAction::triggered, [this] { chiudi_Click(); });
     onKey(QKeySequence("Alt+W"), [bar, edit] { bar->setActiveAction(edit->menuAction()); });
 }

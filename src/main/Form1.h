@@ -2,6 +2,7 @@
 
 #include "archive/archive_file.h"
 #include "controls/form.h"
+#include "merge/Premerge.h"
 
 class QLabel;
 class QPushButton;
@@ -56,4 +57,6 @@ private:
     QPushButton *Command5 = nullptr;
     QPushButton *Command6 = nullptr;
     ScrollBar *VScroll1 = nullptr;
+
+    Premerge premerge;
 };

@@ -109,9 +109,7 @@ static void reportCopy(const NewPage &page, const Result &copied, const MergeSou
 {
     if (copied.ok())
         return;
-    const auto trouble = [&](const QString &reason) {
-        report.notCopied += {page.record, page.page, reason};
-    };
+    const auto trouble = [&](const QString &reason) { report.notCopied += {page.record, page.page, reason}; };
     if (copied.kind == Kind::Unwritable)
         trouble(QStringLiteral("it could not be written (%1)").arg(copied.reason));
     else if (copied.kind == Kind::Unreadable)
