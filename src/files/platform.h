@@ -9,6 +9,10 @@
 // system says that it could not be done.
 bool syncFile(int handle);
 
+// Lets the system begin to put what was written to the open file on the disk, so that a later sync has
+// less to wait for. A hint, no promise.
+void beginSync(int handle);
+
 // Waits until everything written so far to the file system of the open file is on the disk itself. False
 // where the system has no such call or it failed; then only syncFile() can tell which file is safe.
 bool syncFileSystem(int handle);

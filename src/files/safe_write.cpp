@@ -96,7 +96,7 @@ Result replaceFile(const QString &path, QByteArrayView bytes)
 
 static Result copyContents(QFile &from, QSaveFile &to)
 {
-    static constexpr qint64 chunkSize = 1 << 18;
+    static constexpr qint64 chunkSize = 1 << 16;
     QByteArray chunk(chunkSize, Qt::Uninitialized);
     qint64 copied = 0;
     while (true) {
@@ -148,7 +148,9 @@ static PreparedCopy prepared(const FileCopy &copy)
 {
     auto file = std::make_unique<QSaveFile>(copy.target);
     const Result result = prepareCopy(copy.source, *file);
-    if (!result.ok() || !file->isOpen())
+    if (result.ok() && file->isOpen())
+        beginSync(file->handle());
+    else
         file.reset();
     return {std::move(file), result};
 }
