@@ -24,6 +24,9 @@ void merging::build(ControlMaker make)
     auto *Command1 = make.button("Command1", "Esc", {120, 7440, 2175, 735});
     auto *Command2 = make.button("Command2", "Absorb", {3000, 7440, 2175, 735});
     on(List1, &QListWidget::currentRowChanged, [this] { List1_Click(); });
+    on(List1, &QListWidget::itemClicked, [this](QListWidgetItem *line) {
+        List1->setCurrentItem(line); // a click on the box alone would not
+    });
     on(Command1, &QPushButton::clicked, [this] { unload(); });
     on(Command2, &QPushButton::clicked, [this] { Command2_Click(); });
     setTabOrder({List1, Command1, Command2});
@@ -53,6 +56,7 @@ void merging::load()
     for (int i = 1; i <= source.sourceCount; i += 1) {
         auto *line = new QListWidgetItem(source.sourceTitle[i]);
         line->setCheckState(Qt::Unchecked);
+        line->setToolTip(plainToolTip(source.sourceTitle[i])); // the line may be too short for it
         List1->addItem(line);
     }
     // Or else the list would move to its first line, and show that page, as soon as it has the focus.
