@@ -5,11 +5,12 @@
 
 #include <QKeyEvent>
 #include <QStringListModel>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 #include <array>
 
-// A name that does not fit is shown with its middle left out, and whole in its tool-tip.
+// The tool-tip has the whole name.
 class NameModel : public QStringListModel
 {
 public:
@@ -23,12 +24,25 @@ public:
     }
 };
 
+// A row is never wider than the list: the middle of a name that does not fit is left out.
+class NameDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return {1, QStyledItemDelegate::sizeHint(option, index).height()};
+    }
+};
+
 FileList::FileList(QWidget *parent)
     : QListView(parent)
     , names_(new NameModel(this))
     , path_(QDir::currentPath())
 {
     setModel(names_);
+    setItemDelegate(new NameDelegate(this));
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setEditTriggers(NoEditTriggers);
     setUniformItemSizes(true);

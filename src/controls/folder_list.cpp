@@ -3,7 +3,7 @@
 #include "controls/control_maker.h"
 #include "controls/listed_names.h"
 
-#include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QStyle>
 #include <QToolTip>
@@ -18,9 +18,8 @@ FolderList::FolderList(QWidget *parent)
 {
     setFrameStyle(QFrame::Box | QFrame::Plain);
     setHeaderHidden(true);
-    header()->setStretchLastSection(false);
-    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     setUniformRowHeights(true);
+    setTextElideMode(Qt::ElideMiddle);
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setExpandsOnDoubleClick(false);
@@ -44,7 +43,9 @@ bool FolderList::setPath(const QString &folder)
 {
     const QString path = QDir::cleanPath(QDir(folder).absolutePath());
     if (const QString reason = obstacle(path); !reason.isEmpty()) {
-        tellUnreadable(path, reason);
+        setToolTip(plainToolTip(
+            QStringLiteral("%1 cannot be read: %2").arg(QDir::toNativeSeparators(path), reason)));
+        showReason();
         return false;
     }
     path_ = path;
@@ -96,7 +97,7 @@ void FolderList::showWay()
     open->addChildren(below);
     expandAll();
     setCurrentItem(open);
-    scrollToItem(open);
+    scrollToItem(open, PositionAtCenter);
 }
 
 void FolderList::openRow(const QTreeWidgetItem *row)
@@ -113,10 +114,35 @@ void FolderList::keyPressEvent(QKeyEvent *event)
         QTreeWidget::keyPressEvent(event);
 }
 
-void FolderList::tellUnreadable(const QString &folder, const QString &reason)
+// A row's tool-tip is its whole path, unless there is something to tell.
+bool FolderList::viewportEvent(QEvent *event)
 {
-    setToolTip(
-        plainToolTip(QStringLiteral("%1 cannot be read: %2").arg(QDir::toNativeSeparators(folder), reason)));
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
+        return QTreeWidget::viewportEvent(event);
+    const auto *help = static_cast<QHelpEvent *>(event);
+    const QTreeWidgetItem *row = itemAt(help->pos());
+    const QString path = row ? row->data(0, pathRole).toString() : QString();
+    QToolTip::showText(help->globalPos(), plainToolTip(QDir::toNativeSeparators(path)), this);
+    return true;
+}
+
+void FolderList::showReason()
+{
+    if (toolTip().isEmpty())
+        return;
     const QRect row = currentItem() ? visualItemRect(currentItem()) : QRect();
     QToolTip::showText(viewport()->mapToGlobal(row.bottomLeft()), toolTip(), this);
+}
+
+void FolderList::mousePressEvent(QMouseEvent *event)
+{
+    setToolTip({});
+    QTreeWidget::mousePressEvent(event);
+}
+
+// Letting go of the button that made the double click has hidden the tool-tip again.
+void FolderList::mouseReleaseEvent(QMouseEvent *event)
+{
+    QTreeWidget::mouseReleaseEvent(event);
+    showReason();
 }

@@ -12,7 +12,7 @@ public:
     explicit FolderList(QWidget *parent);
 
     // Opens a folder, as a person would. One that cannot be read leaves the list where it is, and the
-    // tool-tip tells why; the answer is then false.
+    // tool-tip tells why until the next click; the answer is then false.
     bool setPath(const QString &folder);
 
     // The open folder with this platform's separators, and none at its end except for a root's own.
@@ -24,11 +24,16 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+    // No row can be closed, so none has a mark for it.
+    void drawBranches(QPainter *, const QRect &, const QModelIndex &) const override { }
 
 private:
     void openRow(const QTreeWidgetItem *row);
     void showWay();
-    void tellUnreadable(const QString &folder, const QString &reason);
+    void showReason();
 
     QString path_;
 };

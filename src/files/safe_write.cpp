@@ -55,8 +55,8 @@ static Result openToReplace(QSaveFile &file)
 // and renames an empty file over the old one.
 static Result finishContents(QSaveFile &file, qint64 expectedSize)
 {
-    if (!file.flush())
-        return unwritable(file, file.errorString());
+    if (!file.flush()) // one that stopped half-way leaves its reason in errno alone
+        return unwritable(file, systemReason());
     if (file.size() != expectedSize)
         return unwritable(file, "not all of it could be written");
     return {};

@@ -79,6 +79,9 @@ void Form1::makeButtons(ControlMaker make)
     Command6->hide();
     on(VScroll1, &QScrollBar::valueChanged, [this] { showRecord(); });
     on(Command1, &QPushButton::clicked, [this] { Command1_Click(); });
+    on(Command2, &QPushButton::clicked, [this] { Command2_Click(); });
+    on(Command3, &QPushButton::clicked, [this] { sinistra.show(); });
+    on(Command4, &QPushButton::clicked, [this] { destra.show(); });
     on(Command5, &QPushButton::clicked, [this] { Command5_Click(); });
     on(Command6, &QPushButton::clicked, [this] { Command6_Click(); });
 }
@@ -223,6 +226,13 @@ void Form1::Command1_Click()
     }
     showCount();
     messageBox("Successfully saved!");
+}
+
+// Mp3
+void Form1::Command2_Click()
+{
+    Module1.audioRecord = VScroll1->value();
+    mp3_.show();
 }
 
 // Add

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "archive/archive_file.h"
+#include "audio/mp3.h"
 #include "controls/form.h"
 #include "merge/Premerge.h"
+#include "pages/PagePicker.h"
 
 class QLabel;
 class QPushButton;
@@ -32,6 +34,7 @@ private:
     void showRecord();
     void writeThrough(Module1State::Column &column, const TextBox *box);
     void Command1_Click();
+    void Command2_Click();
     void Command5_Click();
     void Command6_Click();
     void chiudi_Click();
@@ -59,4 +62,7 @@ private:
     ScrollBar *VScroll1 = nullptr;
 
     Premerge premerge;
+    PagePicker sinistra{Page::Left};
+    PagePicker destra{Page::Right};
+    mp3 mp3_;
 };

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "controls/form.h"
+
+#include <array>
+
+class FileList;
+class FolderList;
+class NameButton;
+class PathLabel;
+
+// The window that gives a song its category and its recording with one click on one of 33 buttons. The
+// category goes to the record for which the window was opened, the recording to the one on display.
+class mp3 : public Form
+{
+    Q_OBJECT
+public:
+    mp3();
+
+protected:
+    void build(ControlMaker make) override;
+    void load() override;
+
+private:
+    void makeCategoryButtons(ControlMaker make);
+
+    void File1_Click();
+    void Command3_Click(int index);
+
+    FolderList *Dir1 = nullptr;
+    FileList *File1 = nullptr;
+    PathLabel *Label1 = nullptr;
+    std::array<NameButton *, 34> Command3 = {}; // 1 to 33
+};
