@@ -51,6 +51,18 @@ static Result openToReplace(QSaveFile &file)
     return {};
 }
 
+// A disk that fills up takes a part first and gives the reason only for the rest.
+static Result writeAll(QSaveFile &file, QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const qint64 written = file.write(bytes.data(), bytes.size());
+        if (written <= 0)
+            return unwritable(file, file.errorString());
+        bytes = bytes.sliced(written);
+    }
+    return {};
+}
+
 // The order of what follows is not optional: a bare commit() flushes too late, ignores a failure to do so,
 // and renames an empty file over the old one.
 static Result finishContents(QSaveFile &file, qint64 expectedSize)
@@ -87,8 +99,8 @@ Result replaceFile(const QString &path, QByteArrayView bytes)
     QSaveFile file(path);
     if (const Result opened = openToReplace(file); !opened.ok())
         return opened;
-    if (file.write(bytes.data(), bytes.size()) != bytes.size())
-        return unwritable(file, file.errorString());
+    if (const Result written = writeAll(file, bytes); !written.ok())
+        return written;
     if (const Result finished = finishContents(file, bytes.size()); !finished.ok())
         return finished;
     return putInPlace(file);
@@ -105,8 +117,8 @@ static Result copyContents(QFile &from, QSaveFile &to)
             return Result::failed(Kind::Unreadable, from.fileName(), from.errorString());
         if (got == 0)
             return finishContents(to, copied);
-        if (to.write(chunk.constData(), got) != got)
-            return unwritable(to, to.errorString());
+        if (const Result written = writeAll(to, QByteArrayView(chunk.constData(), got)); !written.ok())
+            return written;
         copied += got;
     }
 }
