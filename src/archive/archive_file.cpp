@@ -52,10 +52,7 @@ static bool endsAsWritten(TokenFile &file)
 
 static ArchiveReading refuseFromNowOn(const Result &result)
 {
-    const QString what = result.kind == Kind::Unreadable
-        ? QStringLiteral("%1 cannot be read (%2).").arg(result.file, result.reason)
-        : QStringLiteral("%1 %2 and was not read.").arg(result.file, result.reason);
-    Module1.archiveRefusal = what + " It is left as it is.";
+    Module1.archiveRefusal = result.notReadText();
     return {.result = result};
 }
 

@@ -64,3 +64,11 @@ QString Result::text() const
 {
     return file + ": " + reason;
 }
+
+QString Result::notReadText() const
+{
+    const QString what = kind == Kind::Unreadable
+        ? QStringLiteral("%1 cannot be read (%2).").arg(file, reason)
+        : QStringLiteral("%1 %2 and was not read.").arg(file, reason);
+    return what + " It is left as it is.";
+}

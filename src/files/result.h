@@ -26,4 +26,8 @@ struct [[nodiscard]] Result {
 
     // "spartiti/archivio.js: No space left on device"
     QString text() const;
+
+    // For a file that is there and was not read, in full sentences:
+    // "spartiti/archivio.js is damaged and was not read. It is left as it is."
+    QString notReadText() const;
 };
