@@ -95,7 +95,8 @@ void Form1::makeMenu()
         action->setShortcut(key);
         return action;
     };
-    entry("playlist", "Playlist Manager", QKeySequence("Ctrl+P"))->setEnabled(false);
+    on(entry("playlist", "Playlist Manager", QKeySequence("Ctrl+P")), &QAction::triggered,
+       [this] { playlistfrm_.show(); });
     entry("midi", "Midi device", QKeySequence("Ctrl+D"))->setEnabled(false);
     entry("merging", "Merging", QKeySequence("Ctrl+G"))->setEnabled(false);
     on(entry("chiudi", "Exit", {}), &QAction::triggered, [this] { chiudi_Click(); });

@@ -2,6 +2,7 @@
 
 #include "archive/archive_file.h"
 #include "controls/form.h"
+#include "playlists/playlistfrm.h"
 
 class QLabel;
 class QPushButton;
@@ -40,6 +41,8 @@ private:
     void showLastRecord();
     void showCount();
     bool hasUnsavedChanges() const;
+
+    playlistfrm playlistfrm_;
 
     TextBox *Text1 = nullptr;
     TextBox *Text2 = nullptr;

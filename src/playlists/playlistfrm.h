@@ -1,0 +1,64 @@
+#pragma once
+
+#include "controls/form.h"
+#include "playlists/playlist_file.h"
+
+class ComboBox;
+class QLabel;
+class QPushButton;
+class RowList;
+
+// Builds playlists: titles of the archive (List1) become the list being edited (List2), which is saved
+// under the name in Text1. Combo1 offers the stored playlists.
+class playlistfrm : public Form
+{
+    Q_OBJECT
+public:
+    playlistfrm();
+
+protected:
+    void build(ControlMaker make) override;
+    void load() override;
+
+private:
+    static constexpr int mostSongs = 1000;
+
+    void connectHandlers();
+
+    void Combo1_Click();
+    void Command1_Click();
+    void Command2_Click();
+    void Command3_Click();
+    void Command4_Click();
+    void Command5_Click();
+    void Command6_Click();
+    void Command8_Click();
+
+    void showCount(int count);
+    void offerPlaylists(int count);
+    void appendSong(int n);
+    void addSelected();
+    void swapWithNext(int row);
+    void emptyEditedList();
+    QString editedSongs() const;
+
+    Playlists playlists; // all that Combo1 offers, with its songs
+    // Slot r + 1 is the number text of row r of List2; it is empty for a record that has no number (yet).
+    std::array<QString, mostSongs + 1> songEntry;
+    int songCount = 0; // always the number of rows of List2
+    int newPlaylistPending = 0; // 1 from a click on "New playlist" until the next Save
+
+    RowList *List1 = nullptr;
+    RowList *List2 = nullptr;
+    ComboBox *Combo1 = nullptr;
+    TextBox *Text1 = nullptr;
+    QLabel *Label1 = nullptr;
+    QPushButton *Command1 = nullptr;
+    QPushButton *Command2 = nullptr;
+    QPushButton *Command3 = nullptr;
+    QPushButton *Command4 = nullptr;
+    QPushButton *Command5 = nullptr;
+    QPushButton *Command6 = nullptr;
+    QPushButton *Command7 = nullptr;
+    QPushButton *Command8 = nullptr;
+};
