@@ -62,6 +62,11 @@ static qsizetype recordsIn(qsizetype tokens)
     return static_cast<qsizetype>(std::nearbyint(static_cast<double>(tokens - 2) / tokensPerRecord));
 }
 
+static Result damaged()
+{
+    return Result::failed(Kind::Damaged, archivePath(), "is damaged");
+}
+
 static Result checkCount(qsizetype tokens, qsizetype records)
 {
     if (records > Module1State::lastRecord) {
@@ -70,7 +75,7 @@ static Result checkCount(qsizetype tokens, qsizetype records)
                               reason.arg(records).arg(Module1State::lastRecord));
     }
     if (tokens < 1 + records * tokensPerRecord)
-        return Result::failed(Kind::Damaged, archivePath(), "is damaged");
+        return damaged();
     return {};
 }
 
@@ -95,6 +100,8 @@ ArchiveReading loadArchive()
             reading.irregularRecord = i;
     }
     reading.endMissing = !endsAsWritten(file);
+    if (records == 0 && reading.endMissing)
+        return refuseFromNowOn(damaged());
     Module1.recCount = static_cast<int>(records);
     Module1.archiveChanged = false;
     return reading;

@@ -63,13 +63,26 @@ static Result putInPlace(QSaveFile &file, qint64 expectedSize)
     return {};
 }
 
+// A disk that fills up takes a part without an error; the next attempt brings the system's reason.
+static Result writeAll(QSaveFile &file, const char *bytes, qint64 size)
+{
+    while (size > 0) {
+        const qint64 written = file.write(bytes, size);
+        if (written <= 0)
+            return unwritable(file, file.errorString());
+        bytes += written;
+        size -= written;
+    }
+    return {};
+}
+
 Result replaceFile(const QString &path, QByteArrayView bytes)
 {
     QSaveFile file(path);
     if (const Result opened = openToReplace(file); !opened.ok())
         return opened;
-    if (file.write(bytes.data(), bytes.size()) != bytes.size())
-        return unwritable(file, file.errorString());
+    if (const Result written = writeAll(file, bytes.data(), bytes.size()); !written.ok())
+        return written;
     return putInPlace(file, bytes.size());
 }
 
@@ -83,8 +96,8 @@ static Result copyContents(QFile &from, QSaveFile &to, qint64 &copied)
             return Result::failed(Kind::Unreadable, from.fileName(), from.errorString());
         if (got == 0)
             return {};
-        if (to.write(chunk.constData(), got) != got)
-            return unwritable(to, to.errorString());
+        if (const Result written = writeAll(to, chunk.constData(), got); !written.ok())
+            return written;
         copied += got;
     }
 }

@@ -15,6 +15,15 @@ QWidget *windowNamed(const QString &name)
     return nullptr;
 }
 
+void waitUntilActive(const QString &window)
+{
+    QWidget *shown = windowNamed(window);
+    if (shown)
+        shown->activateWindow(); // the offscreen platform hands nothing back when a box closes
+    if (!shown || !QTest::qWaitForWindowActive(shown))
+        qFatal("the window %s does not become active", qPrintable(window));
+}
+
 void click(const QString &window, const QString &name)
 {
     QTest::mouseClick(control(window, name), Qt::LeftButton);

@@ -20,6 +20,9 @@ template <typename Control = QWidget> Control *control(const QString &window, co
     return found;
 }
 
+// Waits until the window of that objectName is the active one, so that keys reach its shortcuts.
+void waitUntilActive(const QString &window);
+
 // A real click into the middle of a control.
 void click(const QString &window, const QString &name);
 

@@ -1,0 +1,44 @@
+# Read by ./run and ./test: installs what is missing and builds. Not to be run by itself.
+
+build_packages=(g++ cmake ninja-build qt6-base-dev fonts-dejavu-core)
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        echo "Missing: ${missing[*]}. Install them as root, or install sudo." >&2
+        exit 1
+    fi
+}
+
+# Installs those of the named Debian packages that are not there yet.
+install_missing() {
+    missing=()
+    local package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    if ! command -v apt-get >/dev/null; then
+        echo "This is no Debian system; install these yourself: ${missing[*]}" >&2
+        return
+    fi
+    echo "Installing ${missing[*]} ..."
+    as_root apt-get -qq update
+    as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get -qq install --yes --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# Builds the named targets, or everything, into build/release. Says more only where it fails.
+build_release() {
+    local log=build/build.log
+    mkdir -p build
+    echo "Building Tessaline ..."
+    if ! { cmake --preset release && cmake --build --preset release "$@"; } >"$log" 2>&1; then
+        tail -n 60 "$log" >&2
+        echo "The build failed; $log tells the rest." >&2
+        exit 1
+    fi
+}
