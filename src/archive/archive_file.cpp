@@ -5,61 +5,50 @@
 #include "files/data_folder.h"
 #include "files/safe_write.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
+#include <span>
 
 using Kind = Result::Kind;
 
-static constexpr qsizetype tokensPerRecord = 10;
+static constexpr size_t tokensPerRecord = 10;
 
-static QByteArrayView readFieldLine(TokenFile &file, bool &regular)
+ArchiveRecord recordIn(const std::vector<QByteArrayView> &tokens, size_t place)
 {
-    const QByteArrayView field = readToken(file);
-    if (!readToken(file).isEmpty())
-        regular = false;
-    return field;
+    const QByteArrayView *token = &tokens[(place - 1) * tokensPerRecord + 1];
+    const bool regular = token[1].isEmpty() && token[3].isEmpty() && token[5].isEmpty() && token[7].isEmpty()
+        && token[9].isEmpty();
+    return {token[0], token[2], token[4], token[6], token[8], regular};
 }
 
-ArchiveRecord readRecord(TokenFile &file)
+// The categories are few and the records many: equal texts share their memory.
+static QString sharedCategory(QByteArrayView category, CodePageReader text)
 {
-    ArchiveRecord record;
-    record.number = readFieldLine(file, record.regular);
-    record.title = readFieldLine(file, record.regular);
-    record.author = readFieldLine(file, record.regular);
-    record.tags = readFieldLine(file, record.regular);
-    record.category = readFieldLine(file, record.regular);
-    return record;
+    static std::array<QString, 100> shared;
+    size_t number = shared.size();
+    const char *const end = category.data() + category.size();
+    if (std::from_chars(category.data(), end, number).ptr != end || number >= shared.size())
+        return text(category);
+    if (shared[number] != QLatin1StringView(category))
+        shared[number] = text(category);
+    return shared[number];
 }
 
-static void storeRecord(size_t n, const ArchiveRecord &record)
+static void storeRecord(size_t n, const ArchiveRecord &record, CodePageReader text)
 {
-    Module1.recNumber[n] = fromCodePage(record.number);
-    Module1.recTitle[n] = fromCodePage(record.title);
-    Module1.recAuthor[n] = fromCodePage(record.author);
-    Module1.recTags[n] = fromCodePage(record.tags);
-    Module1.recCategory[n] = fromCodePage(record.category);
-}
-
-static bool endsAsWritten(TokenFile &file)
-{
-    if (readToken(file) != "];")
-        return false;
-    while (!file.atEnd()) {
-        if (!readToken(file).isEmpty())
-            return false;
-    }
-    return true;
+    Module1.recNumber[n] = text(record.number);
+    Module1.recTitle[n] = text(record.title);
+    Module1.recAuthor[n] = text(record.author);
+    Module1.recTags[n] = text(record.tags);
+    Module1.recCategory[n] = sharedCategory(record.category, text);
 }
 
 static ArchiveReading refuseFromNowOn(const Result &result)
 {
-    Module1.archiveRefusal = result.notReadText();
+    Module1.archiveRefusal = result.refusal();
     return {.result = result};
-}
-
-// Rounds to the nearest whole number, an exact half to the even neighbour.
-static qsizetype recordsIn(qsizetype tokens)
-{
-    return static_cast<qsizetype>(std::nearbyint(static_cast<double>(tokens - 2) / tokensPerRecord));
 }
 
 static Result damaged()
@@ -67,16 +56,47 @@ static Result damaged()
     return Result::failed(Kind::Damaged, archivePath(), "is damaged");
 }
 
-static Result checkCount(qsizetype tokens, qsizetype records)
+// Rounds to the nearest whole number, an exact half to the even neighbour.
+static size_t recordsIn(size_t tokens)
+{
+    const double records = (static_cast<double>(tokens) - 2) / tokensPerRecord;
+    return static_cast<size_t>(std::max(std::nearbyint(records), 0.0));
+}
+
+static Result checkCount(size_t tokens, size_t records)
 {
     if (records > Module1State::lastRecord) {
         const auto reason = QStringLiteral("holds %1 titles, which is more than %2,");
         return Result::failed(Kind::TooLarge, archivePath(),
                               reason.arg(records).arg(Module1State::lastRecord));
     }
-    if (tokens < 1 + records * tokensPerRecord)
-        return damaged();
-    return {};
+    return tokens < 1 + records * tokensPerRecord ? damaged() : Result{};
+}
+
+// The closing line, and behind it at most blank lines.
+static bool endsAsWritten(std::span<const QByteArrayView> tokens)
+{
+    return !tokens.empty() && tokens[0] == "];"
+        && std::all_of(tokens.begin() + 1, tokens.end(),
+                       [](QByteArrayView token) { return token.isEmpty(); });
+}
+
+static ArchiveReading storeRecords(const std::vector<QByteArrayView> &tokens, size_t records,
+                                   CodePageReader text)
+{
+    ArchiveReading reading;
+    reading.endMissing = !endsAsWritten(std::span(tokens).subspan(1 + records * tokensPerRecord));
+    if (records == 0 && reading.endMissing)
+        return refuseFromNowOn(damaged());
+    for (size_t i = 1; i <= records; i += 1) {
+        const ArchiveRecord record = recordIn(tokens, i);
+        storeRecord(i, record, text);
+        if (!record.regular && reading.irregularRecord == 0)
+            reading.irregularRecord = static_cast<int>(i);
+    }
+    Module1.recCount = static_cast<int>(records);
+    Module1.archiveChanged = false;
+    return reading;
 }
 
 ArchiveReading loadArchive()
@@ -85,32 +105,46 @@ ArchiveReading loadArchive()
     if (const Result read = readWhole(archivePath(), bytes); !read.ok())
         return read.kind == Kind::Missing ? ArchiveReading{.result = read} : refuseFromNowOn(read);
 
-    TokenFile file{bytes};
-    const qsizetype tokens = countTokens(file);
-    const qsizetype records = recordsIn(tokens);
-    if (const Result fits = checkCount(tokens, records); !fits.ok())
+    const std::vector<QByteArrayView> tokens = allTokens({bytes});
+    const size_t records = recordsIn(tokens.size());
+    if (const Result fits = checkCount(tokens.size(), records); !fits.ok())
         return refuseFromNowOn(fits);
-
-    ArchiveReading reading;
-    readToken(file);
-    for (int i = 1; i <= records; i += 1) {
-        const ArchiveRecord record = readRecord(file);
-        storeRecord(static_cast<size_t>(i), record);
-        if (!record.regular && reading.irregularRecord == 0)
-            reading.irregularRecord = i;
-    }
-    reading.endMissing = !endsAsWritten(file);
-    if (records == 0 && reading.endMissing)
-        return refuseFromNowOn(damaged());
-    Module1.recCount = static_cast<int>(records);
-    Module1.archiveChanged = false;
-    return reading;
+    return storeRecords(tokens, records, codePageReaderFor(bytes));
 }
 
-static void appendFieldLine(QByteArray &bytes, QStringView text)
+static QStringView writtenCategory(size_t i)
 {
-    appendField(bytes, text);
-    bytes += ",\r\n";
+    const QStringView category = Module1.recCategory[i];
+    return category.isEmpty() ? u"0" : category;
+}
+
+// At least the size of the whole file.
+static qsizetype roomFor(size_t count)
+{
+    static constexpr qsizetype firstAndLastLine = 32;
+    static constexpr qsizetype numberQuotesAndCommas = 5 * 5 + 4;
+    qsizetype size = firstAndLastLine;
+    for (size_t i = 1; i <= count; i += 1) {
+        size += Module1.recTitle[i].size() + Module1.recAuthor[i].size() + Module1.recTags[i].size()
+            + writtenCategory(i).size() + numberQuotesAndCommas;
+    }
+    return size;
+}
+
+static char *putText(char *to, QByteArrayView text)
+{
+    return std::copy(text.begin(), text.end(), to);
+}
+
+static char *putRecord(char *to, size_t i)
+{
+    static constexpr int mostDigits = 4;
+    *to++ = '"';
+    to = putText(std::to_chars(to, to + mostDigits, i).ptr, "\",\r\n");
+    to = putFieldLine(to, Module1.recTitle[i]);
+    to = putFieldLine(to, Module1.recAuthor[i]);
+    to = putFieldLine(to, Module1.recTags[i]);
+    return putFieldLine(to, writtenCategory(i));
 }
 
 Result writeArchive(int count)
@@ -118,15 +152,11 @@ Result writeArchive(int count)
     if (!Module1.archiveRefusal.isEmpty())
         return Result::failed(Kind::Refused, archivePath(), Module1.archiveRefusal);
 
-    QByteArray bytes("var archivio = [\r\n");
-    for (size_t i = 1; i <= static_cast<size_t>(count); i += 1) {
-        appendFieldLine(bytes, QString::number(i));
-        appendFieldLine(bytes, Module1.recTitle[i]);
-        appendFieldLine(bytes, Module1.recAuthor[i]);
-        appendFieldLine(bytes, Module1.recTags[i]);
-        const QString &category = Module1.recCategory[i];
-        appendFieldLine(bytes, category.isEmpty() ? "0" : category);
-    }
-    bytes += " ];\r\n";
-    return replaceFile(archivePath(), bytes);
+    const auto last = static_cast<size_t>(count);
+    QByteArray bytes(roomFor(last), Qt::Uninitialized);
+    char *to = putText(bytes.data(), "var archivio = [\r\n");
+    for (size_t i = 1; i <= last; i += 1)
+        to = putRecord(to, i);
+    to = putText(to, " ];\r\n");
+    return replaceFile(archivePath(), QByteArrayView(bytes.data(), to));
 }

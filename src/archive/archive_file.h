@@ -16,8 +16,9 @@ struct ArchiveRecord {
     bool regular = true; // each field stands on a line of its own, with nothing else on it
 };
 
-// Takes the ten tokens of the record at the file's position.
-ArchiveRecord readRecord(TokenFile &file);
+// The record that takes the ten tokens from tokens[10 × place - 9] on; `place` counts from 1, and the
+// tokens must reach so far.
+ArchiveRecord recordIn(const std::vector<QByteArrayView> &tokens, size_t place);
 
 // What loadArchive() found. Where the result is not fine, nothing in memory has changed.
 struct [[nodiscard]] ArchiveReading {

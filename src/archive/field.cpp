@@ -2,9 +2,32 @@
 
 #include "files/code_page.h"
 
+static char *putField(char *to, QStringView text)
+{
+    *to++ = '"';
+    for (const QChar character : text) {
+        const char16_t code = character.unicode();
+        if (code == u'"')
+            *to++ = '\'';
+        else
+            *to++ = code < 0x80 ? static_cast<char>(code) : toCodePage(character);
+    }
+    *to++ = '"';
+    return to;
+}
+
 void appendField(QByteArray &line, QStringView text)
 {
-    line += '"';
-    line += toCodePage(text).replace('"', '\'');
-    line += '"';
+    const qsizetype start = line.size();
+    line.resize(start + text.size() + 2);
+    putField(line.data() + start, text);
+}
+
+char *putFieldLine(char *to, QStringView text)
+{
+    to = putField(to, text);
+    *to++ = ',';
+    *to++ = '\r';
+    *to++ = '\n';
+    return to;
 }

@@ -44,10 +44,47 @@ QByteArrayView readToken(TokenFile &file)
     return file.bytes.sliced(start, end - start);
 }
 
+bool readWrittenLine(TokenFile &file, QByteArrayView &text)
+{
+    static constexpr char ending[] = {'"', ',', '\r', '\n'};
+    if (file.atEnd() || file.bytes[file.position] != '"')
+        return false;
+    const qsizetype start = file.position + 1;
+    const qsizetype close = closingQuote({file.bytes, start});
+    const auto left = static_cast<size_t>(file.bytes.size() - close);
+    if (left < sizeof ending || std::memcmp(file.bytes.data() + close, ending, sizeof ending) != 0)
+        return false;
+    text = file.bytes.sliced(start, close - start);
+    file.position = close + static_cast<qsizetype>(sizeof ending);
+    return true;
+}
+
 qsizetype countTokens(TokenFile file)
 {
     qsizetype count = 0;
-    for (; !file.atEnd(); count += 1)
-        readToken(file);
+    QByteArrayView text;
+    while (!file.atEnd()) {
+        const bool isWholeLine = readWrittenLine(file, text);
+        if (!isWholeLine)
+            readToken(file);
+        count += isWholeLine ? 2 : 1;
+    }
     return count;
+}
+
+std::vector<QByteArrayView> allTokens(TokenFile file)
+{
+    static constexpr qsizetype usualLength = 8; // of a token and its delimiters, the empty ones counted in
+    std::vector<QByteArrayView> tokens;
+    tokens.reserve(static_cast<size_t>(file.bytes.size() / usualLength));
+    while (!file.atEnd()) {
+        QByteArrayView text;
+        if (readWrittenLine(file, text)) {
+            tokens.push_back(text);
+            tokens.emplace_back();
+        } else {
+            tokens.push_back(readToken(file));
+        }
+    }
+    return tokens;
 }

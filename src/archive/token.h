@@ -2,6 +2,8 @@
 
 #include <QByteArrayView>
 
+#include <vector>
+
 // A text data file in memory, and how far it has been read. The bytes must outlive every token.
 struct TokenFile {
     QByteArrayView bytes;
@@ -16,5 +18,12 @@ struct TokenFile {
 // docs/file-formats.md. At the end of the file the token is empty.
 QByteArrayView readToken(TokenFile &file);
 
+// Takes a line that stands just as the writers put it, "text", and CR LF: two tokens, of which the second
+// is empty. Any other line is left to readToken(): false, and the position has not moved.
+bool readWrittenLine(TokenFile &file, QByteArrayView &text);
+
 // How many tokens the file holds from its position to its end.
 qsizetype countTokens(TokenFile file);
+
+// All of them, in order.
+std::vector<QByteArrayView> allTokens(TokenFile file);

@@ -92,7 +92,7 @@ void Form::onKey(const QKeySequence &key, const std::function<void()> &handler, 
     on(shortcut, &QShortcut::activated, handler);
 }
 
-void Form::setTabOrder(std::initializer_list<QWidget *> order)
+void Form::setTabOrder(const QList<QWidget *> &order)
 {
     QWidget *previous = nullptr;
     for (QWidget *next : order) {
@@ -100,7 +100,7 @@ void Form::setTabOrder(std::initializer_list<QWidget *> order)
             QWidget::setTabOrder(previous, next);
         previous = next;
     }
-    (*order.begin())->setFocus();
+    order.first()->setFocus();
 }
 
 bool Form::eventFilter(QObject *watched, QEvent *event)

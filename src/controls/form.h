@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QKeySequence>
+#include <QList>
 #include <QObject>
 #include <QPointer>
 
@@ -58,7 +59,7 @@ protected:
     void onKey(const QKeySequence &key, const std::function<void()> &handler, QWidget *control = nullptr);
 
     // The order of the Tab key; the first one has the focus when the window appears.
-    void setTabOrder(std::initializer_list<QWidget *> order);
+    void setTabOrder(const QList<QWidget *> &order);
 
     // Null while there are no controls.
     QWidget *window() const { return window_; }

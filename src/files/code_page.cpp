@@ -14,6 +14,15 @@ static constexpr bool isUpperControl(char16_t code)
     return code >= 0x80 && code <= 0x9F;
 }
 
+// Without a branch in its loop, so that the compiler makes it look at many bytes at once.
+static bool hasUpperControls(QByteArrayView bytes)
+{
+    bool found = false;
+    for (const char byte : bytes)
+        found |= (static_cast<unsigned char>(byte) & 0xE0u) == 0x80u;
+    return found;
+}
+
 QString fromCodePage(QByteArrayView bytes)
 {
     QString text = QString::fromLatin1(bytes);
@@ -22,6 +31,13 @@ QString fromCodePage(QByteArrayView bytes)
             character = upperControls[character.unicode() - 0x80u];
     }
     return text;
+}
+
+CodePageReader codePageReaderFor(QByteArrayView whole)
+{
+    if (hasUpperControls(whole))
+        return fromCodePage;
+    return [](QByteArrayView part) { return QString::fromLatin1(part); };
 }
 
 // The byte for a character, or -1.
@@ -33,13 +49,17 @@ static int byteFor(char16_t code)
     return found == upperControls.end() ? -1 : 0x80 + static_cast<int>(found - upperControls.begin());
 }
 
+char toCodePage(QChar character)
+{
+    const int byte = byteFor(character.unicode());
+    return byte < 0 ? '?' : static_cast<char>(byte);
+}
+
 QByteArray toCodePage(QStringView text)
 {
     QByteArray bytes(text.size(), Qt::Uninitialized);
-    std::transform(text.begin(), text.end(), bytes.begin(), [](QChar character) {
-        const int byte = byteFor(character.unicode());
-        return byte < 0 ? '?' : static_cast<char>(byte);
-    });
+    std::transform(text.begin(), text.end(), bytes.begin(),
+                   [](QChar character) { return toCodePage(character); });
     return bytes;
 }
 

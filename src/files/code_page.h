@@ -9,8 +9,13 @@
 
 QString fromCodePage(QByteArrayView bytes);
 
+// A function that does the same for any part of `whole`, and does it faster where it can.
+using CodePageReader = QString (*)(QByteArrayView part);
+CodePageReader codePageReaderFor(QByteArrayView whole);
+
 // A character that the code page lacks becomes "?"; whoever takes text from a person asks
 // isInCodePage() first.
 QByteArray toCodePage(QStringView text);
+char toCodePage(QChar character);
 
 bool isInCodePage(QChar character);

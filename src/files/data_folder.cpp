@@ -65,7 +65,7 @@ QString Result::text() const
     return file + ": " + reason;
 }
 
-QString Result::notReadText() const
+QString Result::refusal() const
 {
     const QString what = kind == Kind::Unreadable
         ? QStringLiteral("%1 cannot be read (%2).").arg(file, reason)

@@ -27,7 +27,7 @@ struct [[nodiscard]] Result {
     // "spartiti/archivio.js: No space left on device"
     QString text() const;
 
-    // For a file that is there and was not read, in full sentences:
-    // "spartiti/archivio.js is damaged and was not read. It is left as it is."
-    QString notReadText() const;
+    // Why a file that could not be read must not be written: "spartiti/archivio.js is damaged and was not
+    // read. It is left as it is." The reason is a verb with what belongs to it, but for an Unreadable file.
+    QString refusal() const;
 };

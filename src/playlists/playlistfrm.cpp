@@ -86,7 +86,7 @@ void playlistfrm::load()
         return;
     }
     if (const Result read = readPlaylistFile(playlists); !read.ok()) {
-        messageBox(read.notReadText());
+        messageBox(read.refusal());
         return;
     }
     showCount(playlists.count());
@@ -228,7 +228,7 @@ static bool readAgain(Playlists &onDisk)
     const Result read = readPlaylistFile(onDisk);
     if (read.ok() || read.kind == Result::Kind::Missing)
         return true;
-    messageBox("Nothing was changed. " + read.notReadText());
+    messageBox("Nothing was changed. " + read.refusal());
     return false;
 }
 

@@ -1,0 +1,110 @@
+// Browsing and starting up. Called with the name of a window, it shows that window, prints how many
+// kilobytes the process then holds, and ends: that is what the start-up rows measure.
+#include "controls/image_frame.h"
+#include "controls/look.h"
+#include "files/data_folder.h"
+#include "main/Form1.h"
+#include "support/ratio.h"
+#include "support/test_folder.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTest>
+
+#include <cstdio>
+
+static long residentKilobytes()
+{
+    QFile statm("/proc/self/smaps_rollup");
+    if (!statm.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray text = statm.readAll();
+    const qsizetype start = text.indexOf("Rss:") + 4;
+    return text.mid(start, text.indexOf("kB", start) - start).trimmed().toLong();
+}
+
+static int showAndEnd(const QString &window)
+{
+    Form1 form;
+    QWidget empty;
+    if (window == "Form1") {
+        form.show();
+    } else {
+        empty.setFixedSize(734, 648);
+        empty.show();
+    }
+    for (QWidget *shown : QApplication::topLevelWidgets()) {
+        if (shown->isVisible() && !QTest::qWaitForWindowExposed(shown))
+            return 1;
+    }
+    std::printf("%ld\n", residentKilobytes());
+    return 0;
+}
+
+static long startWindow(const QString &window)
+{
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(), {window});
+    process.waitForFinished();
+    return process.readAllStandardOutput().trimmed().toLong();
+}
+
+static void djpeg(const QString &path)
+{
+    QProcess process;
+    process.start("djpeg", {"-scale", "1/8", "-outfile", "/dev/null", path});
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        qFatal("djpeg is missing: install libjpeg-turbo-progs");
+}
+
+static void putScans(const QString &demo)
+{
+    for (const Page page : {Page::Left, Page::Right}) {
+        const QImage scan = QImage(pagePath(2, page, demo))
+                                .scaled(2480, 3508, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        if (!scan.save(pagePath(1, page), "JPG", 85))
+            qFatal("cannot make the scans");
+    }
+}
+
+static void compareBrowsing()
+{
+    ImageFrame left(nullptr);
+    ImageFrame right(nullptr);
+    for (ImageFrame *frame : {&left, &right})
+        frame->resize(329, 281);
+    const auto browse = [&] {
+        left.showFile(pagePath(1, Page::Left));
+        right.showFile(pagePath(1, Page::Right));
+    };
+    const auto decode = [] {
+        djpeg(pagePath(1, Page::Left));
+        djpeg(pagePath(1, Page::Right));
+    };
+    compare({"browse to two A4 scans, 300 dpi", "djpeg -scale 1/8 twice", 1.3, 15, Clock::Processor}, browse,
+            decode);
+}
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    applyLook(app);
+    if (argc > 1)
+        return showAndEnd(QString::fromLocal8Bit(argv[1]));
+
+    const QString demo = QDir::currentPath() + "/demo";
+    TestFolder folder;
+    putArchive(QStringList(9999, "A title of usual length|Some author|two tags|3"));
+    putScans(demo);
+    compareBrowsing();
+    compare(
+        {"start on 9,999 records", "an empty window of the same size", 1.5}, [] { startWindow("Form1"); },
+        [] { startWindow("empty"); });
+    const long more = startWindow("Form1") - startWindow("empty");
+    std::printf("| memory on 9,999 records, MB over the empty window | %.1f | | | | 16 |\n",
+                static_cast<double>(more) / 1024);
+    return 0;
+}
