@@ -94,7 +94,11 @@ private slots:
         QVERIFY(loadArchive().result.ok());
     }
 
-    void cleanup() { form.reset(); }
+    void cleanup()
+    {
+        form.reset();
+        folder.reset();
+    }
 
     void onlyAChoiceFromTheList_isAPick()
     {
