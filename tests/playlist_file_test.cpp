@@ -1,4 +1,5 @@
 #include "playlists/playlist_file.h"
+#include "playlists/song_list.h"
 #include "playlists/title_order.h"
 #include "support/script.h"
 #include "support/test_folder.h"

@@ -79,6 +79,25 @@ static QStringList boxesOf(const QString &button, QMessageBox::StandardButton an
 class PlaylistWindowTest : public QObject
 {
     Q_OBJECT
+
+    // Opens the window on this file, or on none where it is empty.
+    void open(const QByteArray &file)
+    {
+        folder.reset();
+        folder = std::make_unique<TestFolder>();
+        putArchive({"beta|||0", "Álpha|||0", "beta|||0", "|||0", "alpine|||0"});
+        QVERIFY(loadArchive().result.ok());
+        if (!file.isEmpty())
+            put(path, file);
+        form = std::make_unique<playlistfrm>();
+        const BoxAnswers answers;
+        form->show();
+        waitUntilActive(window);
+    }
+
+    std::unique_ptr<TestFolder> folder;
+    std::unique_ptr<playlistfrm> form;
+
 private slots:
     void cleanup() { form.reset(); }
 
@@ -201,6 +220,9 @@ private slots:
         put(path, ab); // repaired by another program
         boxesOf("Command1");
         QCOMPARE(contents(path), ab + "\"x\",\"#\",\r\n ];\r\n");
+        Module1.archiveRefusal = "The archive is damaged.";
+        QVERIFY(boxesOf("Command1").constFirst().endsWith(Module1.archiveRefusal));
+        Module1.archiveRefusal.clear();
         QVERIFY(QFile::remove(path)); // what was read last is written again
         pick(0);
         {
@@ -211,25 +233,6 @@ private slots:
         boxesOf("Command1");
         QCOMPARE(contents(path), ab + "\"x\",\"#\",\r\n ];\r\n");
     }
-
-private:
-    // Opens the window on this file, or on none where it is empty.
-    void open(const QByteArray &file)
-    {
-        folder.reset();
-        folder = std::make_unique<TestFolder>();
-        putArchive({"beta|||0", "Álpha|||0", "beta|||0", "|||0", "alpine|||0"});
-        QVERIFY(loadArchive().result.ok());
-        if (!file.isEmpty())
-            put(path, file);
-        form = std::make_unique<playlistfrm>();
-        const BoxAnswers answers;
-        form->show();
-        waitUntilActive(window);
-    }
-
-    std::unique_ptr<TestFolder> folder;
-    std::unique_ptr<playlistfrm> form;
 };
 
 WINDOW_TEST_MAIN(PlaylistWindowTest)

@@ -1,6 +1,5 @@
 #include "playlists/playlist_file.h"
 
-#include "archive/Module1.h"
 #include "archive/field.h"
 #include "archive/token.h"
 #include "files/code_page.h"
@@ -36,20 +35,6 @@ QString Playlists::songsOf(const QString &name) const
 {
     const int slot = slotOf(*this, name);
     return slot > 0 ? playlistSongs[static_cast<size_t>(slot)] : QString();
-}
-
-QList<int> decodeSongList(const QString &songs)
-{
-    QList<int> numbers;
-    QList<QStringView> pieces = QStringView(songs).split(u',');
-    pieces.removeLast();
-    for (const QStringView piece : pieces) {
-        bool isNumber = false;
-        const int number = piece.toInt(&isNumber);
-        if (isNumber && number >= 0 && number <= Module1State::lastRecord)
-            numbers += number;
-    }
-    return numbers;
 }
 
 // True if a quoted token ended with its quote, and not with the file.
@@ -108,7 +93,7 @@ static Result readPlaylists(TokenFile &file, Playlists &playlists)
 Result readPlaylistFile(Playlists &playlists)
 {
     QByteArray bytes;
-    if (const Result read = readWhole(playlistPath(), bytes); !read.ok())
+    if (Result read = readWhole(playlistPath(), bytes); !read.ok())
         return read;
     TokenFile file{bytes};
     Playlists found;

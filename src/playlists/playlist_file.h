@@ -2,7 +2,6 @@
 
 #include "files/result.h"
 
-#include <QList>
 #include <QString>
 
 #include <array>
@@ -27,10 +26,6 @@ struct Playlists {
 
 // True for the name "];", which the file cannot carry: it would be taken for the end of the file.
 bool isClosingToken(const QString &name);
-
-// The record numbers of a song list, in order. The text behind the last comma is never looked at; a piece
-// that is no number from 0 to 9,999 is passed over.
-QList<int> decodeSongList(const QString &songs);
 
 // Puts a file of no playlists in place.
 Result createPlaylistFile();

@@ -12,7 +12,6 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include <algorithm>
 #include <utility>
 
 playlistfrm::playlistfrm()
@@ -76,7 +75,7 @@ void playlistfrm::connectHandlers()
 void playlistfrm::load()
 {
     playlists.playlistSlot = 0;
-    songCount = 0;
+    songs.empty();
     newPlaylistPending = 0;
     const auto firstTitle = Module1.recTitle.begin() + 1;
     List1->addItems(alphabetical({firstTitle, firstTitle + Module1.recCount}));
@@ -109,36 +108,30 @@ void playlistfrm::Combo1_Click()
 {
     const QString name = Combo1->currentText();
     const QList<int> numbers = decodeSongList(playlists.songsOf(name));
-    if (numbers.size() > mostSongs) {
+    if (numbers.size() > SongList::most) {
         Combo1->undoPick();
         messageBox(QStringLiteral("This playlist holds %1 songs, and no more than %2 can be worked on here. "
                                   "Nothing was changed.")
                        .arg(numbers.size())
-                       .arg(mostSongs));
+                       .arg(SongList::most));
         return;
     }
     Text1->setText(name);
     List2->clear();
-    songCount = 0;
+    songs.empty();
     QStringList rows;
     for (const int n : numbers) {
         rows += Module1.recTitle[static_cast<size_t>(n)];
-        appendSong(n);
+        songs.add(Module1.recNumber[static_cast<size_t>(n)]);
     }
     List2->addItems(rows);
-}
-
-void playlistfrm::appendSong(int n)
-{
-    songCount += 1;
-    songEntry[static_cast<size_t>(songCount)] = Module1.recNumber[static_cast<size_t>(n)];
 }
 
 // ADD
 void playlistfrm::Command2_Click()
 {
-    if (songCount == mostSongs) {
-        messageBox(QStringLiteral("The playlist is full: it holds %1 songs.").arg(mostSongs));
+    if (songs.songCount == SongList::most) {
+        messageBox(QStringLiteral("The playlist is full: it holds %1 songs.").arg(SongList::most));
         return;
     }
     const QString title = List1->selectedText();
@@ -147,7 +140,7 @@ void playlistfrm::Command2_Click()
         n -= 1;
     List2->addItem(Module1.recTitle[static_cast<size_t>(n)] + " _" + QString::number(n));
     List2->scrollToBottom();
-    appendSong(n);
+    songs.add(Module1.recNumber[static_cast<size_t>(n)]);
 }
 
 void playlistfrm::addSelected()
@@ -178,8 +171,7 @@ void playlistfrm::Command4_Click()
 
 void playlistfrm::swapWithNext(int row)
 {
-    const auto slot = static_cast<size_t>(row) + 1;
-    std::swap(songEntry[slot], songEntry[slot + 1]);
+    songs.swapWithNext(row + 1);
     const QString text = List2->item(row)->text();
     List2->item(row)->setText(List2->item(row + 1)->text());
     List2->item(row + 1)->setText(text);
@@ -193,10 +185,7 @@ void playlistfrm::Command6_Click()
         return;
     delete List2->takeItem(row);
     List2->selectRow(-1);
-    const auto slot = songEntry.begin() + row + 1;
-    std::move(slot + 1, songEntry.end(), slot);
-    songEntry.back().clear();
-    songCount -= 1;
+    songs.remove(row + 1);
 }
 
 // New playlist
@@ -210,16 +199,7 @@ void playlistfrm::emptyEditedList()
 {
     List2->clear();
     Text1->clear();
-    std::fill_n(songEntry.begin() + 1, songCount, QString());
-    songCount = 0;
-}
-
-QString playlistfrm::editedSongs() const
-{
-    QString songs;
-    for (size_t k = 1; k <= static_cast<size_t>(songCount); k += 1)
-        songs += songEntry[k] + ',';
-    return songs + '#';
+    songs.empty();
 }
 
 // What a Save or a Delete rewrites is what the disk holds; if the file is gone, what was last read.
@@ -241,23 +221,28 @@ static bool tellFailure(const Result &written, const QString &notDone)
     return !written.ok();
 }
 
+static bool canBeSaved(const QString &name)
+{
+    if (name.isEmpty())
+        messageBox("You must type a name for the playlist", "Warning!");
+    else if (isClosingToken(name))
+        messageBox("A playlist cannot have this name: in the file, ]; stands for the end.");
+    else if (!Module1.archiveRefusal.isEmpty()) // then no song has a number
+        messageBox("The playlist was not saved, since its songs are not known. " + Module1.archiveRefusal);
+    else
+        return true;
+    return false;
+}
+
 // Save
 void playlistfrm::Command1_Click()
 {
     const QString name = Text1->text();
-    if (name.isEmpty()) {
-        messageBox("You must type a name for the playlist", "Warning!");
-        return;
-    }
-    if (isClosingToken(name)) {
-        messageBox("A playlist cannot have this name: in the file, ]; stands for the end.");
-        return;
-    }
     Playlists onDisk = playlists;
-    if (!readAgain(onDisk))
+    if (!canBeSaved(name) || !readAgain(onDisk))
         return;
     const int count = onDisk.count();
-    const Result written = writePlaylistFile(onDisk, name, Combo1->currentText(), editedSongs());
+    const Result written = writePlaylistFile(onDisk, name, Combo1->currentText(), songs.text());
     if (tellFailure(written, "The playlist was not saved."))
         return;
     playlists = std::move(onDisk);

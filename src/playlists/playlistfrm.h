@@ -2,6 +2,7 @@
 
 #include "controls/form.h"
 #include "playlists/playlist_file.h"
+#include "playlists/song_list.h"
 
 class ComboBox;
 class QLabel;
@@ -21,8 +22,6 @@ protected:
     void load() override;
 
 private:
-    static constexpr int mostSongs = 1000;
-
     void connectHandlers();
 
     void Combo1_Click();
@@ -36,16 +35,12 @@ private:
 
     void showCount(int count);
     void offerPlaylists(int count);
-    void appendSong(int n);
     void addSelected();
     void swapWithNext(int row);
     void emptyEditedList();
-    QString editedSongs() const;
 
     Playlists playlists; // all that Combo1 offers, with its songs
-    // Slot r + 1 is the number text of row r of List2; it is empty for a record that has no number (yet).
-    std::array<QString, mostSongs + 1> songEntry;
-    int songCount = 0; // always the number of rows of List2
+    SongList songs; // slot r + 1 belongs to row r of List2, and there are as many
     int newPlaylistPending = 0; // 1 from a click on "New playlist" until the next Save
 
     RowList *List1 = nullptr;
