@@ -45,8 +45,9 @@ QLabel *ControlMaker::label(const QString &name, const QString &text, Place plac
 QPushButton *ControlMaker::button(const QString &name, const QString &text, Place place,
                                   const QString &toolTip, const QFont &font) const
 {
-    auto *button = new Button(shownAmpersands(text), parent_);
+    auto *button = new Button(parent_);
     put(button, name, place, font);
+    button->setText(shownAmpersands(text));
     button->setToolTip(toolTip);
     return button;
 }

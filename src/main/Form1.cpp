@@ -20,12 +20,6 @@ Form1::Form1()
 {
 }
 
-static QFont italic(QFont font)
-{
-    font.setItalic(true);
-    return font;
-}
-
 void Form1::build(ControlMaker make)
 {
     makeFields(make);
