@@ -74,10 +74,11 @@ static Result readPlaylists(TokenFile &file, Playlists &playlists)
 {
     if (file.atEnd() || readToken(file).contains('"'))
         return failed(Kind::Damaged, "is damaged in its first line");
+    const CodePageReader textOf = codePageReaderFor(file.bytes);
     for (int &slot = playlists.playlistSlot = 1;; slot += 1) {
         const auto entry = static_cast<size_t>(slot);
         const QByteArrayView name = file.atEnd() ? closingToken : readToken(file);
-        playlists.playlistName[entry] = fromCodePage(name);
+        playlists.playlistName[entry] = textOf(name);
         if (name == closingToken)
             break;
         if (slot > Playlists::most)
@@ -85,7 +86,7 @@ static Result readPlaylists(TokenFile &file, Playlists &playlists)
         QByteArrayView songs;
         if (!readSongs(file, songs) || name.contains('"') || songs.contains('"'))
             return failed(Kind::Damaged, QStringLiteral("is damaged at playlist %1").arg(slot));
-        playlists.playlistSongs[entry] = fromCodePage(songs);
+        playlists.playlistSongs[entry] = textOf(songs);
     }
     return holdsNothingMore(file) ? Result{} : failed(Kind::Damaged, "goes on behind its closing line");
 }
