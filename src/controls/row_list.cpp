@@ -23,6 +23,7 @@ public:
 RowList::RowList(QWidget *parent)
     : QListWidget(parent)
 {
+    setFrameStyle(QFrame::Box | QFrame::Plain);
     setItemDelegate(new RowDelegate(this));
     setUniformItemSizes(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
