@@ -2,23 +2,8 @@
 
 #include "controls/page_image.h"
 
-#include <QAccessibleWidget>
 #include <QFileInfo>
 #include <QPainter>
-
-// Tells a screen reader that a frame is a picture.
-static QAccessibleInterface *pictureFor(const QString &className, QObject *object)
-{
-    if (className != QLatin1String("ImageFrame"))
-        return nullptr;
-    return new QAccessibleWidget(static_cast<ImageFrame *>(object), QAccessible::Graphic);
-}
-
-ImageFrame::ImageFrame(QWidget *parent)
-    : QWidget(parent)
-{
-    QAccessible::installFactory(pictureFor);
-}
 
 void ImageFrame::showFile(const QString &path)
 {

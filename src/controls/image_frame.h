@@ -8,7 +8,7 @@ class ImageFrame : public QWidget
 {
     Q_OBJECT
 public:
-    explicit ImageFrame(QWidget *parent);
+    using QWidget::QWidget;
 
     // Shows the file, or empties the frame where there is none of that name. A file that cannot be shown
     // leaves the frame without a picture, and notice() stands in it.

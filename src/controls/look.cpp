@@ -1,5 +1,7 @@
 #include "controls/look.h"
 
+#include "controls/spoken_role.h"
+
 #include <QApplication>
 #include <QIcon>
 #include <QPalette>
@@ -71,6 +73,7 @@ void applyLook(QApplication &app)
     QApplication::setPalette(palette());
     QApplication::setFont(verdana(12));
     QApplication::setWindowIcon(programIcon());
+    installSpokenRoles();
     // The main window alone ends the program.
     app.setQuitOnLastWindowClosed(false);
 }

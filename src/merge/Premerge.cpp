@@ -20,6 +20,8 @@ void Premerge::build(ControlMaker make)
     make.label("Label1", "Select the Orvanne which corresponds to the archive you want to absorb.",
                {120, 360, 8175, 855}, font, Qt::AlignHCenter);
     Drive1 = make.add<DriveList>("Drive1", "Drive", {120, 1560, 8295, 495}, font);
+    Drive1->setAccessibleDescription(
+        Drive1->accessibleName()); // a screen reader may take the text for the name
     Dir1 = make.add<FolderList>("Dir1", "Folders", {120, 2160, 8295, 4140}, font);
     File1 = make.add<FileList>("File1", "Start pages", {120, 6360, 8295, 1965}, font);
     File1->setPattern("*.html");

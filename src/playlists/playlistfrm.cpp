@@ -42,6 +42,9 @@ void playlistfrm::build(ControlMaker make)
     make.rectangle("Shape1", {5280, 120, 7215, 1335});
     make.rectangle("Shape2", {5280, 1560, 7215, 4935});
     Combo1->setEditText("Playlist");
+    // A screen reader may take the text for the name, or speak of the box within.
+    Combo1->setAccessibleDescription(Combo1->accessibleName());
+    Combo1->lineEdit()->setAccessibleName(Combo1->accessibleName());
     Text1->setFrame(true);
     setTabOrder({Command1, List1, List2, Command2, Command3, Command4, Text1, Command5, Combo1, Command6,
                  Command7, Command8});
