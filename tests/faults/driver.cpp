@@ -1,0 +1,83 @@
+// fault_driver FOLDER OPERATION: one operation of the core in an archive's folder, as a window does it.
+// It prints nothing, so that its exit code is the truth whatever is refused to it: 0 done, 1 not done and
+// told so, 2 called wrongly.
+
+#include "archive/archive_file.h"
+#include "audio/categories_file.h"
+#include "files/data_folder.h"
+#include "files/safe_write.h"
+
+#include <QDir>
+
+#include <cstring>
+
+using Kind = Result::Kind;
+
+static int done(const Result &result)
+{
+    return result.ok() ? 0 : 1;
+}
+
+// What the next start needs: all files load, and every record bears its own number.
+static int check()
+{
+    const ArchiveReading reading = loadArchive();
+    bool good = reading.result.ok() && reading.irregularRecord == 0 && !reading.endMissing;
+    for (size_t i = 1; i <= static_cast<size_t>(Module1.recCount); i += 1)
+        good &= Module1.recNumber[i] == QString::number(i);
+    return good && readCategories().ok() ? 0 : 1;
+}
+
+// The start of the program, in a folder that may have no archive yet; whoever is asked says Yes.
+static int start()
+{
+    const Result read = loadArchive().result;
+    if (!read.ok() && read.kind != Kind::Missing)
+        return 1;
+    return Module1.recCount > 0 ? 0 : done(writeArchive(1));
+}
+
+static int saveArchive()
+{
+    if (!loadArchive().result.ok())
+        return 1;
+    Module1.recTitle[1] = "Changed";
+    Module1.recCount += 1;
+    return done(writeArchive());
+}
+
+static int exportCsv()
+{
+    return loadArchive().result.ok() ? done(writeCsv()) : 1;
+}
+
+static int copyPage()
+{
+    return done(copyFile("scan.jpg", pagePath(1, Page::Left)));
+}
+
+static int copyRecording()
+{
+    return done(copyFile("scan.jpg", recordingPath(1)));
+}
+
+struct Operation {
+    const char *name;
+    int (*run)();
+};
+
+static constexpr Operation operations[] = {
+    {"check", check},          {"start", start},        {"save-archive", saveArchive},
+    {"export-csv", exportCsv}, {"copy-page", copyPage}, {"copy-recording", copyRecording},
+};
+
+int main(int argc, char **argv)
+{
+    if (argc != 3 || !QDir::setCurrent(QString::fromLocal8Bit(argv[1])))
+        return 2;
+    for (const Operation &operation : operations) {
+        if (std::strcmp(operation.name, argv[2]) == 0)
+            return operation.run();
+    }
+    return 2;
+}
