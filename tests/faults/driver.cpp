@@ -6,6 +6,7 @@
 #include "audio/categories_file.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
+#include "midi/midi_file.h"
 
 #include <QDir>
 
@@ -25,7 +26,10 @@ static int check()
     bool good = reading.result.ok() && reading.irregularRecord == 0 && !reading.endMissing;
     for (size_t i = 1; i <= static_cast<size_t>(Module1.recCount); i += 1)
         good &= Module1.recNumber[i] == QString::number(i);
-    return good && readCategories().ok() ? 0 : 1;
+    MidiTable midi;
+    for (const Result &read : {readCategories(), readMidiFile(midi)})
+        good &= read.ok() || read.kind == Kind::Missing;
+    return good ? 0 : 1;
 }
 
 // The start of the program, in a folder that may have no archive yet; whoever is asked says Yes.
@@ -61,6 +65,17 @@ static int copyRecording()
     return done(copyFile("scan.jpg", recordingPath(1)));
 }
 
+static int saveMidi()
+{
+    MidiTable table;
+    const Result read = readMidiFile(table);
+    if (!read.ok() && read.kind != Kind::Missing)
+        return 1;
+    MidiFields fields;
+    fields.midiFieldPc.fill("127");
+    return done(writeMidiFile(table, 1, fields));
+}
+
 struct Operation {
     const char *name;
     int (*run)();
@@ -69,6 +84,7 @@ struct Operation {
 static constexpr Operation operations[] = {
     {"check", check},          {"start", start},        {"save-archive", saveArchive},
     {"export-csv", exportCsv}, {"copy-page", copyPage}, {"copy-recording", copyRecording},
+    {"save-midi", saveMidi},
 };
 
 int main(int argc, char **argv)
