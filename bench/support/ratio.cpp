@@ -25,11 +25,13 @@ static double now(Clock clock)
     return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
-static double measure(Clock clock, const std::function<void()> &run)
+static double measure(const Comparison &comparison, const std::function<void()> &run)
 {
-    const double start = now(clock);
+    if (comparison.prepare)
+        comparison.prepare();
+    const double start = now(comparison.clock);
     run();
-    return now(clock) - start;
+    return now(comparison.clock) - start;
 }
 
 static double median(std::vector<double> values)
@@ -45,8 +47,8 @@ double compare(const Comparison &comparison, const std::function<void()> &task,
     std::vector<double> ours;
     std::vector<double> theirs;
     for (int round = 0; round < comparison.rounds; round += 1) {
-        theirs.push_back(measure(comparison.clock, baseline));
-        ours.push_back(measure(comparison.clock, task));
+        theirs.push_back(measure(comparison, baseline));
+        ours.push_back(measure(comparison, task));
     }
     const double ratio = median(ours) / median(theirs);
     std::printf("| %s | %.2f | %s | %.2f | %.2f | %.2f |\n", comparison.task, median(ours),

@@ -11,6 +11,7 @@ struct Comparison {
     double limit; // the ratio that the task may reach
     int rounds = 15; // how often each is run, in turn
     Clock clock = Clock::Wall;
+    std::function<void()> prepare = {}; // run before each of the two, and not measured
 };
 
 // Runs both in turn and prints one row of the table: the median of each in milliseconds, the ratio of the

@@ -85,8 +85,7 @@ static Result checkCount(size_t tokens, size_t records)
     return tokens < 1 + records * tokensPerRecord ? damaged() : Result{};
 }
 
-// The closing line, and behind it at most blank lines.
-static bool endsAsWritten(TokenFile &file)
+bool endsAsWritten(TokenFile &file)
 {
     bool asWritten = readToken(file) == "];";
     while (!file.atEnd())

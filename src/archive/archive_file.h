@@ -19,6 +19,9 @@ struct ArchiveRecord {
 // Takes the ten tokens of the record at the file's position.
 ArchiveRecord readRecord(TokenFile &file);
 
+// Whether nothing but the closing line and perhaps blank lines follow at the file's position.
+bool endsAsWritten(TokenFile &file);
+
 // What loadArchive() found. Where the result is not fine, nothing in memory has changed.
 struct [[nodiscard]] ArchiveReading {
     Result result;

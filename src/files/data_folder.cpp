@@ -39,10 +39,20 @@ QString emptyPagePath()
     return inDataFolder("m.jpg");
 }
 
+static QString pageName(int record, Page page)
+{
+    return QString::number(record) + (page == Page::Left ? 'L' : 'R');
+}
+
 QString pagePath(int record, Page page, const QString &root)
 {
-    const QString side = page == Page::Left ? "L.jpg" : "R.jpg";
-    return inDataFolder(QString::number(record) + side, root);
+    return inDataFolder(pageName(record, page) + ".jpg", root);
+}
+
+QString oldPagePath(int record, Page page, int attempt)
+{
+    const auto name = QStringLiteral("%1 (old %2).jpg");
+    return inDataFolder(name.arg(pageName(record, page)).arg(attempt));
 }
 
 QString recordingPath(int record)

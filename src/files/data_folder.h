@@ -22,5 +22,9 @@ QString emptyPagePath();
 QString pagePath(int record, Page page, const QString &root = ".");
 QString recordingPath(int record);
 
+// Where a page goes that must not pass for the record's any longer; `attempt` counts from 1, for where
+// earlier ones have taken a name.
+QString oldPagePath(int record, Page page, int attempt);
+
 // The form in which people are told of a path: no leading "./", this platform's separators.
 QString shownPath(const QString &path);

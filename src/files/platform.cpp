@@ -13,6 +13,13 @@ bool syncFile(int handle)
     return _commit(handle) == 0;
 }
 
+void beginSync(int) { }
+
+bool syncFileSystem(int)
+{
+    return false;
+}
+
 void syncFolder(const QString &) { }
 
 bool isMissing(const QString &path)
@@ -30,6 +37,22 @@ bool syncFile(int handle)
         done = fsync(handle);
     while (done != 0 && errno == EINTR);
     return done == 0;
+}
+
+void beginSync([[maybe_unused]] int handle)
+{
+#ifdef __linux__
+    sync_file_range(handle, 0, 0, SYNC_FILE_RANGE_WRITE);
+#endif
+}
+
+bool syncFileSystem([[maybe_unused]] int handle)
+{
+#ifdef __linux__
+    return syncfs(handle) == 0;
+#else
+    return false;
+#endif
 }
 
 void syncFolder(const QString &folder)

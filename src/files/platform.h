@@ -9,7 +9,15 @@
 // system says that it could not be done.
 bool syncFile(int handle);
 
-// The same for the entries of a folder, so that a renamed file keeps its new name after a power cut.
+// Lets the system begin to put what was written to the open file on the disk, so that a later sync has
+// less to wait for. A hint, no promise.
+void beginSync(int handle);
+
+// Waits until everything written so far to the file system of the open file is on the disk itself. False
+// where the system has no such call or it failed; then only syncFile() can tell which file is safe.
+bool syncFileSystem(int handle);
+
+// As syncFile(), for the entries of a folder, so that a renamed file keeps its new name after a power cut.
 // Some file systems cannot; that is no failure, since the rename itself is done.
 void syncFolder(const QString &folder);
 

@@ -7,6 +7,10 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
+#include <memory>
+#include <vector>
+
 using Kind = Result::Kind;
 
 static Result openToRead(QFile &file)
@@ -62,32 +66,46 @@ static Result openToReplace(QSaveFile &file)
     return {};
 }
 
-// The order is not optional: a bare commit() flushes too late, ignores a failure to do so, and renames an
-// empty file over the old one.
-static Result putInPlace(QSaveFile &file, qint64 expectedSize)
+// A disk that fills up takes a part first and gives the reason only for the rest.
+static Result writeAll(QSaveFile &file, QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const qint64 written = file.write(bytes.data(), bytes.size());
+        if (written <= 0)
+            return unwritable(file, file.errorString());
+        bytes = bytes.sliced(written);
+    }
+    return {};
+}
+
+// The order of what follows is not optional: a bare commit() flushes too late, ignores a failure to do so,
+// and renames an empty file over the old one.
+static Result finishContents(QSaveFile &file, qint64 expectedSize)
 {
     if (!file.flush()) // one that stopped half-way leaves its reason in errno alone
         return unwritable(file, systemReason());
     if (file.size() != expectedSize)
         return unwritable(file, "not all of it could be written");
-    if (!syncFile(file.handle()))
-        return unwritable(file, systemReason());
-    if (!file.commit())
-        return unwritable(file, file.errorString());
-    syncFolder(QFileInfo(file.fileName()).path());
     return {};
 }
 
-// A disk that fills up takes a part without an error; the next attempt brings the system's reason.
-static Result writeAll(QSaveFile &file, const char *bytes, qint64 size)
+static Result syncContents(const QSaveFile &file)
 {
-    while (size > 0) {
-        const qint64 written = file.write(bytes, size);
-        if (written <= 0)
-            return unwritable(file, file.errorString());
-        bytes += written;
-        size -= written;
-    }
+    return syncFile(file.handle()) ? Result() : unwritable(file, systemReason());
+}
+
+static Result commit(QSaveFile &file)
+{
+    return file.commit() ? Result() : unwritable(file, file.errorString());
+}
+
+static Result putInPlace(QSaveFile &file)
+{
+    if (const Result synced = syncContents(file); !synced.ok())
+        return synced;
+    if (const Result committed = commit(file); !committed.ok())
+        return committed;
+    syncFolder(QFileInfo(file.fileName()).path());
     return {};
 }
 
@@ -103,24 +121,27 @@ Result replaceFile(const QString &path, const QList<QByteArrayView> &pieces)
         return opened;
     qint64 size = 0;
     for (const QByteArrayView piece : pieces) {
-        if (const Result written = writeAll(file, piece.data(), piece.size()); !written.ok())
+        if (const Result written = writeAll(file, piece); !written.ok())
             return written;
         size += piece.size();
     }
-    return putInPlace(file, size);
+    if (const Result finished = finishContents(file, size); !finished.ok())
+        return finished;
+    return putInPlace(file);
 }
 
-static Result copyContents(QFile &from, QSaveFile &to, qint64 &copied)
+static Result copyContents(QFile &from, QSaveFile &to)
 {
-    static constexpr qint64 chunkSize = 1 << 20;
+    static constexpr qint64 chunkSize = 1 << 16;
     QByteArray chunk(chunkSize, Qt::Uninitialized);
+    qint64 copied = 0;
     while (true) {
         const qint64 got = from.read(chunk.data(), chunkSize);
         if (got < 0)
             return Result::failed(Kind::Unreadable, from.fileName(), from.errorString());
         if (got == 0)
-            return {};
-        if (const Result written = writeAll(to, chunk.constData(), got); !written.ok())
+            return finishContents(to, copied);
+        if (const Result written = writeAll(to, QByteArrayView(chunk.constData(), got)); !written.ok())
             return written;
         copied += got;
     }
@@ -132,18 +153,81 @@ static bool isSameFile(const QString &one, const QString &other)
     return !canonical.isEmpty() && canonical == QFileInfo(other).canonicalFilePath();
 }
 
-Result copyFile(const QString &source, const QString &target)
+// Writes the copy beside its target. Fine with `to` not open: they are one file, there is nothing to do.
+static Result prepareCopy(const QString &source, QSaveFile &to)
 {
     QFile from(source);
     if (const Result opened = openToRead(from); !opened.ok())
         return opened;
-    if (isSameFile(source, target))
+    if (isSameFile(source, to.fileName()))
         return {};
-    QSaveFile to(target);
     if (const Result opened = openToReplace(to); !opened.ok())
         return opened;
-    qint64 copied = 0;
-    if (const Result done = copyContents(from, to, copied); !done.ok())
-        return done;
-    return putInPlace(to, copied);
+    return copyContents(from, to);
+}
+
+Result copyFile(const QString &source, const QString &target)
+{
+    QSaveFile to(target);
+    if (const Result prepared = prepareCopy(source, to); !prepared.ok() || !to.isOpen())
+        return prepared;
+    return putInPlace(to);
+}
+
+// A copy that lies beside its target. Only those that came out well keep their file open.
+struct PreparedCopy {
+    std::unique_ptr<QSaveFile> file;
+    Result result;
+};
+
+static PreparedCopy prepared(const FileCopy &copy)
+{
+    auto file = std::make_unique<QSaveFile>(copy.target);
+    const Result result = prepareCopy(copy.source, *file);
+    if (result.ok() && file->isOpen())
+        beginSync(file->handle());
+    else
+        file.reset();
+    return {std::move(file), result};
+}
+
+static void syncGroup(std::vector<PreparedCopy> &group)
+{
+    const auto open = std::ranges::find_if(group, [](const auto &copy) { return copy.file != nullptr; });
+    if (open == group.end() || syncFileSystem(open->file->handle()))
+        return;
+    for (PreparedCopy &copy : group) {
+        if (copy.file)
+            copy.result = syncContents(*copy.file);
+    }
+}
+
+static void commitGroup(std::vector<PreparedCopy> &group)
+{
+    QStringList folders;
+    for (PreparedCopy &copy : group) {
+        if (!copy.file || !copy.result.ok())
+            continue;
+        copy.result = commit(*copy.file);
+        folders += QFileInfo(copy.file->fileName()).path();
+    }
+    folders.removeDuplicates();
+    for (const QString &folder : std::as_const(folders))
+        syncFolder(folder);
+}
+
+QList<Result> copyFiles(const QList<FileCopy> &copies)
+{
+    static constexpr size_t groupSize = 100; // each holds a file open; systems allow as few as 256
+    QList<Result> results;
+    for (auto next = copies.begin(); next != copies.end();) {
+        std::vector<PreparedCopy> group;
+        for (; next != copies.end() && group.size() < groupSize; ++next)
+            group.push_back(prepared(*next));
+        syncGroup(group);
+        commitGroup(group);
+        for (const PreparedCopy &copy : group)
+            results += copy.result;
+    }
+    return results;
 }

@@ -25,3 +25,13 @@ Result replaceFile(const QString &path, const QList<QByteArrayView> &pieces);
 // is. Copying a file onto itself changes nothing and is fine. Missing or Unreadable speak of `source`,
 // Unwritable of `target`, and then the old target stands untouched.
 Result copyFile(const QString &source, const QString &target);
+
+struct FileCopy {
+    QString source;
+    QString target;
+};
+
+// As copyFile() for each of them, in this order, with one result each; what fails holds up none of the
+// others. Many files take hardly longer than their bytes need, as the disk is waited for once for many of
+// them, and no more memory or open files than a few.
+QList<Result> copyFiles(const QList<FileCopy> &copies);

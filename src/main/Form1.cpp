@@ -102,7 +102,7 @@ void Form1::makeMenu()
     entry("playlist", "Playlist Manager", QKeySequence("Ctrl+P"))->setEnabled(false);
     on(entry("midi", "Midi device", QKeySequence("Ctrl+D")), &QAction::triggered,
        [this] { midifrm_.show(); });
-    entry("merging", "Merging", QKeySequence("Ctrl+G"))->setEnabled(false);
+    on(entry("merging", "Merging", QKeySequence("Ctrl+G")), &QAction::triggered, [this] { premerge.show(); });
     on(entry("chiudi", "Exit", {}), &QAction::triggered, [this] { chiudi_Click(); });
     onKey(QKeySequence("Alt+W"), [bar, edit] { bar->setActiveAction(edit->menuAction()); });
 }

@@ -3,6 +3,7 @@
 #include "archive/archive_file.h"
 #include "audio/mp3.h"
 #include "controls/form.h"
+#include "merge/Premerge.h"
 #include "midi/midifrm.h"
 #include "pages/PagePicker.h"
 
@@ -61,6 +62,7 @@ private:
     QPushButton *Command6 = nullptr;
     ScrollBar *VScroll1 = nullptr;
 
+    Premerge premerge;
     PagePicker sinistra{Page::Left};
     PagePicker destra{Page::Right};
     mp3 mp3_;

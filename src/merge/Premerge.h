@@ -1,0 +1,32 @@
+#pragma once
+
+#include "controls/form.h"
+#include "merge/merging.h"
+
+class DriveList;
+class FileList;
+class FolderList;
+
+// The first window of a merge: a person walks to the top folder of another installation, and clicks its
+// start page to show that this is one.
+class Premerge : public Form
+{
+    Q_OBJECT
+public:
+    Premerge();
+
+protected:
+    void build(ControlMaker make) override;
+
+private:
+    void Drive1_Change();
+    void Command1_Click();
+
+    DriveList *Drive1 = nullptr;
+    FolderList *Dir1 = nullptr;
+    FileList *File1 = nullptr;
+    QPushButton *Command1 = nullptr;
+    QLabel *Label2 = nullptr;
+
+    merging selection;
+};

@@ -1,0 +1,150 @@
+#include "merge/absorb.h"
+
+#include "archive/archive_file.h"
+#include "files/safe_write.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <memory>
+#include <optional>
+
+using Kind = Result::Kind;
+
+static Result refused(const QString &reason)
+{
+    return Result::failed(Kind::Refused, archivePath(), reason);
+}
+
+static bool isThere(const MergeSource &source)
+{
+    return QFileInfo::exists(archivePath(source.folder));
+}
+
+Result checkAbsorb(const MergeSource &source, qsizetype chosenCount)
+{
+    if (!Module1.archiveRefusal.isEmpty())
+        return refused(Module1.archiveRefusal);
+    const int room = Module1State::lastRecord - Module1.recCount;
+    if (chosenCount > room) {
+        const auto reason = QStringLiteral("The archive has room for %1 more titles, and %2 are ticked.");
+        return refused(reason.arg(room).arg(chosenCount));
+    }
+    if (chosenCount > 0 && !isThere(source))
+        return refused(shownPath(archivePath(source.folder)) + " is no longer there.");
+    return {};
+}
+
+static void appendRecord(size_t entry, const MergeSource &source, int slot)
+{
+    Module1.recNumber[entry] = source.sourceNumber[slot];
+    Module1.recTitle[entry] = source.sourceTitle[slot];
+    Module1.recAuthor[entry] = source.sourceAuthor[slot];
+    Module1.recTags[entry] = source.sourceTags[slot];
+    Module1.recCategory[entry] = source.sourceCategory[slot];
+}
+
+static Result appendRecords(const MergeSource &source, const QList<int> &chosen)
+{
+    const auto before = std::make_unique<Module1State>(Module1);
+    auto entry = static_cast<size_t>(Module1.recCount);
+    for (const int slot : chosen)
+        appendRecord(entry += 1, source, slot);
+    const Result written = writeArchive(static_cast<int>(entry));
+    if (!written.ok())
+        Module1 = *before;
+    return written;
+}
+
+// The number that names a song's page files in the source; a 16-bit number, blanks around it do not count.
+static std::optional<int> pageNumber(const QString &sourceNumber)
+{
+    bool isNumber = false;
+    const int number = sourceNumber.trimmed().toShort(&isNumber);
+    return isNumber ? std::optional(number) : std::nullopt;
+}
+
+// A page of a new song, and where it comes from.
+struct NewPage {
+    int record;
+    Page page;
+    QString source; // empty where the song's number in the source names no page files
+
+    FileCopy copy() const { return {source, pagePath(record, page)}; }
+};
+
+static QList<NewPage> newPages(const MergeSource &source, const QList<int> &chosen)
+{
+    QList<NewPage> pages;
+    int record = Module1.recCount;
+    for (const int slot : chosen) {
+        record += 1;
+        const std::optional<int> number = pageNumber(source.sourceNumber[slot]);
+        for (const Page page : {Page::Left, Page::Right})
+            pages += {record, page, number ? pagePath(*number, page, source.folder) : QString()};
+    }
+    return pages;
+}
+
+// Gives a page that lies under a new song's number from before, and would pass for the song's, a name
+// under which nothing but a person looks for it.
+static void setOldPageAside(const NewPage &page, AbsorbReport &report)
+{
+    const QString path = page.copy().target;
+    if (!QFileInfo::exists(path))
+        return;
+    int attempt = 1;
+    while (QFileInfo::exists(oldPagePath(page.record, page.page, attempt)))
+        attempt += 1;
+    const QString newPath = oldPagePath(page.record, page.page, attempt);
+    QFile file(path);
+    if (file.rename(newPath))
+        report.setAside += {shownPath(path), shownPath(newPath)};
+    else
+        report.notSetAside += {page.record, page.page, file.errorString()};
+}
+
+static void reportCopy(const NewPage &page, const Result &copied, const MergeSource &source,
+                       AbsorbReport &report)
+{
+    if (copied.ok())
+        return;
+    const auto trouble = [&](const QString &reason) { report.notCopied += {page.record, page.page, reason}; };
+    if (copied.kind == Kind::Unwritable)
+        trouble(QStringLiteral("it could not be written (%1)").arg(copied.reason));
+    else if (copied.kind == Kind::Unreadable)
+        trouble(QStringLiteral("the page of the source could not be read (%1)").arg(copied.reason));
+    else if (!isThere(source))
+        trouble("the source was no longer there");
+    setOldPageAside(page, report);
+}
+
+static void copyPages(const MergeSource &source, const QList<int> &chosen, AbsorbReport &report)
+{
+    QList<NewPage> pages;
+    QList<FileCopy> copies;
+    for (const NewPage &page : newPages(source, chosen)) {
+        if (page.source.isEmpty()) {
+            if (page.page == Page::Left)
+                report.withoutNumber += page.record;
+            setOldPageAside(page, report);
+            continue;
+        }
+        pages += page;
+        copies += page.copy();
+    }
+    const QList<Result> results = copyFiles(copies);
+    for (qsizetype i = 0; i < pages.size(); i += 1)
+        reportCopy(pages[i], results[i], source, report);
+}
+
+AbsorbReport absorb(const MergeSource &source, const QList<int> &chosen)
+{
+    AbsorbReport report;
+    report.archive = checkAbsorb(source, chosen.size());
+    if (report.archive.ok())
+        report.archive = appendRecords(source, chosen);
+    if (report.archive.ok())
+        copyPages(source, chosen, report);
+    return report;
+}

@@ -1,0 +1,125 @@
+#include "merge/merging.h"
+
+#include "archive/Module1.h"
+#include "controls/image_frame.h"
+#include "controls/message_box.h"
+
+#include <QApplication>
+#include <QListWidget>
+#include <QPushButton>
+
+merging::merging()
+    : Form({"merging", "Merging", 11070, 8295, QPoint(2775, 1830)})
+{
+}
+
+void merging::build(ControlMaker make)
+{
+    const QFont font = verdana(15.75);
+    make.label("Label1", "Select the scores to absorb", {480, 360, 4335, 495}, font, Qt::AlignHCenter);
+    List1 = make.add<QListWidget>("List1", "Scores to absorb", {120, 1200, 5055, 6135}, font);
+    List1->setFrameStyle(QFrame::Box | QFrame::Plain);
+    List1->setUniformItemSizes(true);
+    Image1 = make.image("Image1", "Left page", {5280, 240, 5775, 7935});
+    auto *Command1 = make.button("Command1", "Esc", {120, 7440, 2175, 735});
+    auto *Command2 = make.button("Command2", "Absorb", {3000, 7440, 2175, 735});
+    on(List1, &QListWidget::currentRowChanged, [this] { List1_Click(); });
+    on(List1, &QListWidget::itemClicked, [this](QListWidgetItem *line) {
+        List1->setCurrentItem(line); // a click on the box alone would not
+    });
+    on(Command1, &QPushButton::clicked, [this] { unload(); });
+    on(Command2, &QPushButton::clicked, [this] { Command2_Click(); });
+    setTabOrder({List1, Command1, Command2});
+}
+
+static void tell(const SourceReading &reading)
+{
+    const QString path = shownPath(archivePath(reading.source.folder));
+    if (!reading.result.ok()) {
+        messageBox("The songs of the other archive cannot be listed.\n" + reading.result.text());
+    } else if (reading.irregularRecord > 0) {
+        messageBox(QStringLiteral("%1 is not as it should be from title %2 on: fields may stand in the wrong "
+                                  "place. It is listed as it stands.")
+                       .arg(path)
+                       .arg(reading.irregularRecord));
+    } else if (reading.endMissing) {
+        messageBox(QStringLiteral("The end of %1 is missing or is not as it should be. %2 titles were read.")
+                       .arg(path)
+                       .arg(reading.source.sourceCount));
+    }
+}
+
+void merging::load()
+{
+    const SourceReading reading = readMergeSource(Module1.mergeSourcePath);
+    source = reading.source;
+    for (int i = 1; i <= source.sourceCount; i += 1) {
+        auto *line = new QListWidgetItem(source.sourceTitle[i]);
+        line->setCheckState(Qt::Unchecked);
+        line->setToolTip(plainToolTip(source.sourceTitle[i])); // the line may be too short for it
+        List1->addItem(line);
+    }
+    // Or else the list would move to its first line, and show that page, as soon as it has the focus.
+    List1->setCurrentIndex({});
+    tell(reading);
+}
+
+void merging::List1_Click()
+{
+    Image1->showFile(pagePath(List1->currentRow() + 1, Page::Left, source.folder));
+}
+
+QList<int> merging::tickedSlots() const
+{
+    QList<int> ticked;
+    for (int p = 0; p < List1->count(); p += 1) {
+        if (List1->item(p)->checkState() == Qt::Checked)
+            ticked += p + 1;
+    }
+    return ticked;
+}
+
+// For as long as it lives the pointer tells that the program is busy.
+class BusyPointer
+{
+public:
+    BusyPointer()
+    {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        // What a box has covered shows again, and so does the pointer; clicks and keys wait.
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
+    ~BusyPointer() { QApplication::restoreOverrideCursor(); }
+};
+
+static AbsorbReport absorbBusily(const MergeSource &source, const QList<int> &chosen)
+{
+    const BusyPointer busy;
+    return absorb(source, chosen);
+}
+
+static void tellFailure(const Result &archive)
+{
+    messageBox(archive.kind == Result::Kind::Refused
+                   ? "Nothing was absorbed. " + archive.reason
+                   : "Nothing was absorbed; the archive is as it was before.\n" + archive.text());
+}
+
+// Absorb
+void merging::Command2_Click()
+{
+    const QList<int> chosen = tickedSlots();
+    if (const Result possible = checkAbsorb(source, chosen.size()); !possible.ok())
+        return tellFailure(possible);
+    if (!askYesNo("The selected tracks will be added to your archive. You want to proceed?"))
+        return;
+    const AbsorbReport report = absorbBusily(source, chosen);
+    if (!report.archive.ok())
+        return tellFailure(report.archive);
+    if (const QString trouble = troubleText(report); !trouble.isEmpty())
+        messageBox(trouble);
+    messageBox("The merger of the archives has been completed. You will find the newly added songs, in your "
+               "Tessaline, at the end of your archive. From there you can edit the corresponding "
+               "information (title, authors and tags) according to your needs.");
+    reopenMainWindow();
+}

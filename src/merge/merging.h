@@ -1,0 +1,35 @@
+#pragma once
+
+#include "controls/form.h"
+#include "merge/absorb.h"
+
+#include <functional>
+
+class QListWidget;
+
+// The second window of a merge: lists the songs of the installation in mergeSourcePath, shows the left
+// page of the one in front, and absorbs those that are ticked.
+class merging : public Form
+{
+    Q_OBJECT
+public:
+    merging();
+
+    // Closes the main window and opens it again, so that it reads the archive afresh. main() sets it.
+    static inline std::function<void()> reopenMainWindow;
+
+protected:
+    void build(ControlMaker make) override;
+    void load() override;
+
+private:
+    void List1_Click();
+    void Command2_Click();
+
+    QList<int> tickedSlots() const;
+
+    QListWidget *List1 = nullptr;
+    ImageFrame *Image1 = nullptr;
+
+    MergeSource source;
+};
