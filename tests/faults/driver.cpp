@@ -1,11 +1,13 @@
 // fault_driver FOLDER OPERATION: one operation of the core in an archive's folder, as a window does it.
 // It prints nothing, so that its exit code is the truth whatever is refused to it: 0 done, 1 not done and
-// told so, 2 called wrongly.
+// told so, 2 called wrongly; where the archive holds the absorbed songs and pages of theirs are told to be
+// missing or another's, 16 and one bit for each: left and right of the first song, then of the second.
 
 #include "archive/archive_file.h"
 #include "audio/categories_file.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
+#include "merge/absorb.h"
 #include "midi/midi_file.h"
 
 #include <QDir>
@@ -76,6 +78,21 @@ static int saveMidi()
     return done(writeMidiFile(table, 1, fields));
 }
 
+static int absorbTwo()
+{
+    const SourceReading reading = readMergeSource("other");
+    if (!loadArchive().result.ok() || !reading.result.ok())
+        return 1;
+    const AbsorbReport report = absorb(reading.source, {1, 2});
+    if (!report.archive.ok())
+        return 1;
+    int troubled = 0;
+    for (const PageTrouble &trouble : report.notCopied + report.notSetAside)
+        troubled |=
+            1 << ((trouble.record - Module1.recCount - 1) * 2 + (trouble.page == Page::Right ? 1 : 0));
+    return troubled == 0 ? 0 : 16 + troubled;
+}
+
 struct Operation {
     const char *name;
     int (*run)();
@@ -84,7 +101,7 @@ struct Operation {
 static constexpr Operation operations[] = {
     {"check", check},          {"start", start},        {"save-archive", saveArchive},
     {"export-csv", exportCsv}, {"copy-page", copyPage}, {"copy-recording", copyRecording},
-    {"save-midi", saveMidi},
+    {"save-midi", saveMidi},   {"absorb", absorbTwo},
 };
 
 int main(int argc, char **argv)
