@@ -154,8 +154,8 @@ void MidiWindowTest::no_settings_are_lost()
     QFETCH(QString, told);
     OpenedArchive archive;
     put(midiPath(), opened);
-    using Button = QMessageBox::StandardButton;
-    BoxAnswers answers({told.startsWith("Another") ? Button::No : Button::Ok});
+    using Answer = QMessageBox::StandardButton;
+    BoxAnswers answers({told.startsWith("Another") ? Answer::No : Answer::Ok});
     chooseMenu("midi");
     type("PC(1)", "9");
     QFile::remove(midiPath());

@@ -2,10 +2,11 @@
 
 #include "archive/Module1.h"
 #include "audio/categories_file.h"
-#include "controls/elided.h"
+#include "controls/button.h"
 #include "controls/file_list.h"
 #include "controls/folder_list.h"
 #include "controls/message_box.h"
+#include "controls/path_label.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
 
@@ -14,12 +15,6 @@ static constexpr int buttonsInColumn = 11;
 mp3::mp3()
     : Form({"mp3", "Mp3 Manager", 13800, 7650, QPoint(2520, 480)})
 {
-}
-
-static QFont bold(QFont font)
-{
-    font.setBold(true);
-    return font;
 }
 
 void mp3::build(ControlMaker make)
@@ -47,9 +42,9 @@ void mp3::makeCategoryButtons(ControlMaker make)
     for (int index = 1; index <= categoryCount; index += 1) {
         const int column = (index - 1) / buttonsInColumn;
         const int row = (index - 1) % buttonsInColumn;
-        auto *button = make.add<NameButton>(indexed("Command3", index), {},
-                                            {9120 + 1560 * column, 1320 + 480 * row, 1455, 375},
-                                            row == 0 ? msSansSerif(9.75) : verdana(9.75));
+        auto *button = make.add<Button>(indexed("Command3", index), {},
+                                        {9120 + 1560 * column, 1320 + 480 * row, 1455, 375},
+                                        row == 0 ? msSansSerif(9.75) : verdana(9.75));
         button->setAccessibleDescription(QStringLiteral("Category %1").arg(index));
         on(button, &QPushButton::clicked, [this, index] { Command3_Click(index); });
         QWidget::setTabOrder(previous, button);

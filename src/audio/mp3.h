@@ -6,7 +6,7 @@
 
 class FileList;
 class FolderList;
-class NameButton;
+class Button;
 class PathLabel;
 
 // The window that gives a song its category and its recording with one click on one of 33 buttons. The
@@ -30,5 +30,5 @@ private:
     FolderList *Dir1 = nullptr;
     FileList *File1 = nullptr;
     PathLabel *Label1 = nullptr;
-    std::array<NameButton *, 34> Command3 = {}; // 1 to 33
+    std::array<Button *, 34> Command3 = {}; // 1 to 33
 };

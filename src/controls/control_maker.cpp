@@ -1,12 +1,12 @@
 #include "controls/control_maker.h"
 
+#include "controls/button.h"
 #include "controls/image_frame.h"
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
 
 #include <QFrame>
 #include <QLabel>
-#include <QPushButton>
 
 QString indexed(const QString &name, int index)
 {
@@ -45,10 +45,10 @@ QLabel *ControlMaker::label(const QString &name, const QString &text, Place plac
 QPushButton *ControlMaker::button(const QString &name, const QString &text, Place place,
                                   const QString &toolTip, const QFont &font) const
 {
-    auto *button = new QPushButton(shownAmpersands(text), parent_);
+    auto *button = new Button(parent_);
     put(button, name, place, font);
+    button->setText(shownAmpersands(text));
     button->setToolTip(toolTip);
-    button->setAutoDefault(true); // Enter presses the button that has the focus, as the space bar does
     return button;
 }
 

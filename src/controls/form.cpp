@@ -84,9 +84,12 @@ void Form::moveOntoScreen()
     window_->setGeometry({{qMax(left, screen.left()), qMax(top, screen.top() + titleBar)}, size});
 }
 
-void Form::onKey(const QKeySequence &key, const std::function<void()> &handler)
+void Form::onKey(const QKeySequence &key, const std::function<void()> &handler, QWidget *control)
 {
-    on(new QShortcut(key, window_), &QShortcut::activated, handler);
+    auto *shortcut = control ? new QShortcut(key, control) : new QShortcut(key, window_);
+    if (control)
+        shortcut->setContext(Qt::WidgetShortcut);
+    on(shortcut, &QShortcut::activated, handler);
 }
 
 void Form::setTabOrder(const QList<QWidget *> &order)

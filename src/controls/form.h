@@ -55,8 +55,8 @@ protected:
     {
         connect(sender, signal, handlers_.get(), handler);
     }
-    // Runs the handler on a key anywhere in the window.
-    void onKey(const QKeySequence &key, const std::function<void()> &handler);
+    // Runs the handler on a key anywhere in the window, or only while `control` has the focus.
+    void onKey(const QKeySequence &key, const std::function<void()> &handler, QWidget *control = nullptr);
 
     // The order of the Tab key; the first one has the focus when the window appears.
     void setTabOrder(const QList<QWidget *> &order);

@@ -28,6 +28,18 @@ QFont msSansSerif(double points)
     return fontOf({"MS Sans Serif", "Sans Serif"}, points);
 }
 
+QFont bold(QFont font)
+{
+    font.setBold(true);
+    return font;
+}
+
+QFont italic(QFont font)
+{
+    font.setItalic(true);
+    return font;
+}
+
 static QPalette palette()
 {
     QPalette palette(faceColour, Qt::white);

@@ -31,6 +31,8 @@ struct Place {
 // A font of so many points, 96 points-per-inch units high whatever the screen: p × 96 / 72 logical pixels.
 QFont verdana(double points);
 QFont msSansSerif(double points);
+QFont bold(QFont font);
+QFont italic(QFont font);
 
 // Style, colours and icon of the whole program; called once, before the first window.
 void applyLook(QApplication &app);

@@ -2,10 +2,20 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
+
+// Just after a box has closed no window is active for a moment; the one in front is then that of the box.
+static QWidget *windowInFront()
+{
+    static QPointer<QWidget> last;
+    if (QWidget *active = QApplication::activeWindow())
+        last = active;
+    return last && last->isVisible() ? last.data() : nullptr;
+}
 
 static int show(const QString &text, const QString &title, QMessageBox::StandardButtons buttons)
 {
-    QMessageBox box(QMessageBox::NoIcon, title, text, buttons, QApplication::activeWindow());
+    QMessageBox box(QMessageBox::NoIcon, title, text, buttons, windowInFront());
     box.setTextFormat(Qt::PlainText);
     return box.exec();
 }

@@ -21,12 +21,6 @@ Form1::Form1()
 {
 }
 
-static QFont italic(QFont font)
-{
-    font.setItalic(true);
-    return font;
-}
-
 void Form1::build(ControlMaker make)
 {
     makeFields(make);
@@ -99,10 +93,12 @@ void Form1::makeMenu()
         action->setShortcut(key);
         return action;
     };
-    entry("playlist", "Playlist Manager", QKeySequence("Ctrl+P"))->setEnabled(false);
+    on(entry("playlist", "Playlist Manager", QKeySequence("Ctrl+P")), &QAction::triggered,
+       [this] { playlistfrm_.show(); });
     on(entry("midi", "Midi device", QKeySequence("Ctrl+D")), &QAction::triggered,
        [this] { midifrm_.show(); });
-    on(entry("merging", "Merging", QKeySequence("Ctrl+G")), &QAction::triggered, [this] { premerge.show(); });
+    on(entry("merging", "Merging", QKeySequence("Ctrl+G")), &QAction::triggered,
+       [this] { Premerge_.show(); });
     on(entry("chiudi", "Exit", {}), &QAction::triggered, [this] { chiudi_Click(); });
     onKey(QKeySequence("Alt+W"), [bar, edit] { bar->setActiveAction(edit->menuAction()); });
 }

@@ -6,6 +6,7 @@
 #include "merge/Premerge.h"
 #include "midi/midifrm.h"
 #include "pages/PagePicker.h"
+#include "playlists/playlistfrm.h"
 
 class QLabel;
 class QPushButton;
@@ -46,6 +47,8 @@ private:
     void showCount();
     bool hasUnsavedChanges() const;
 
+    playlistfrm playlistfrm_;
+
     TextBox *Text1 = nullptr;
     TextBox *Text2 = nullptr;
     TextBox *Text3 = nullptr;
@@ -62,7 +65,7 @@ private:
     QPushButton *Command6 = nullptr;
     ScrollBar *VScroll1 = nullptr;
 
-    Premerge premerge;
+    Premerge Premerge_;
     PagePicker sinistra{Page::Left};
     PagePicker destra{Page::Right};
     mp3 mp3_;

@@ -1,11 +1,13 @@
 #include "pages/PagePicker.h"
 
 #include "archive/Module1.h"
-#include "controls/elided.h"
 #include "controls/file_list.h"
 #include "controls/folder_list.h"
 #include "controls/message_box.h"
+#include "controls/path_label.h"
 #include "files/safe_write.h"
+
+#include <QPushButton>
 
 // What tells the two windows apart.
 struct PickerTable {

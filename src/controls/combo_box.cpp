@@ -1,0 +1,70 @@
+#include "controls/combo_box.h"
+
+#include "controls/text_box.h"
+
+#include <QWheelEvent>
+
+ComboBox::ComboBox(QWidget *parent)
+    : QComboBox(parent)
+{
+    setEditable(true);
+    setLineEdit(new TextBox(this));
+    setCompleter(nullptr);
+    setInsertPolicy(NoInsert);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    // Qt takes a typed text that equals a row for a pick of that row, at Enter and when the focus leaves.
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+    disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
+}
+
+void ComboBox::show(int row, const QString &text)
+{
+    setCurrentIndex(row);
+    setEditText(text);
+}
+
+// Qt picks the first row that comes into an empty list.
+void ComboBox::addRows(const QStringList &texts)
+{
+    const int row = currentIndex();
+    const QString text = currentText();
+    addItems(texts);
+    show(row, text);
+}
+
+void ComboBox::empty()
+{
+    clear();
+    show(-1, {});
+}
+
+void ComboBox::undoPick()
+{
+    show(rowBefore_, textBefore_);
+}
+
+void ComboBox::showPopup()
+{
+    rowBefore_ = currentIndex();
+    textBefore_ = currentText();
+    QComboBox::showPopup();
+}
+
+void ComboBox::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        showPopup();
+        break;
+    default:
+        QComboBox::keyPressEvent(event);
+    }
+}
+
+void ComboBox::wheelEvent(QWheelEvent *event)
+{
+    event->ignore();
+}

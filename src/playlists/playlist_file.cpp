@@ -1,0 +1,170 @@
+#include "playlists/playlist_file.h"
+
+#include "archive/field.h"
+#include "archive/token.h"
+#include "files/code_page.h"
+#include "files/data_folder.h"
+#include "files/safe_write.h"
+
+#include <utility>
+
+using Kind = Result::Kind;
+
+static constexpr QByteArrayView closingToken = "];";
+
+bool isClosingToken(const QString &name)
+{
+    return name == QLatin1String(closingToken);
+}
+
+// The slot of the last playlist of that name, or 0.
+static int slotOf(const Playlists &playlists, const QString &name)
+{
+    int slot = playlists.count();
+    while (slot > 0 && playlists.playlistName[static_cast<size_t>(slot)] != name)
+        slot -= 1;
+    return slot;
+}
+
+bool Playlists::knows(const QString &name) const
+{
+    return slotOf(*this, name) > 0;
+}
+
+QString Playlists::songsOf(const QString &name) const
+{
+    const int slot = slotOf(*this, name);
+    return slot > 0 ? playlistSongs[static_cast<size_t>(slot)] : QString();
+}
+
+// True if a quoted token ended with its quote, and not with the file.
+static bool isClosed(const TokenFile &file, QByteArrayView token)
+{
+    return token.end() != file.bytes.end() && *token.end() == '"';
+}
+
+// Takes the tokens of one playlist line behind its name. False if they are not what such a line has; a
+// line that the file's end cut off behind its song list is whole.
+static bool readSongs(TokenFile &file, QByteArrayView &songs)
+{
+    if (file.atEnd())
+        return false;
+    songs = readToken(file);
+    if (file.atEnd() && !isClosed(file, songs))
+        return false;
+    return readToken(file).isEmpty();
+}
+
+static Result failed(Kind kind, const QString &reason)
+{
+    return Result::failed(kind, playlistPath(), reason);
+}
+
+static bool holdsNothingMore(TokenFile &file)
+{
+    while (!file.atEnd()) {
+        if (!readToken(file).isEmpty())
+            return false;
+    }
+    return true;
+}
+
+// A quote inside a token comes of a damaged line, and could not be written again.
+static Result readPlaylists(TokenFile &file, Playlists &playlists)
+{
+    if (file.atEnd() || readToken(file).contains('"'))
+        return failed(Kind::Damaged, "is damaged in its first line");
+    for (int &slot = playlists.playlistSlot = 1;; slot += 1) {
+        const auto entry = static_cast<size_t>(slot);
+        const QByteArrayView name = file.atEnd() ? closingToken : readToken(file);
+        playlists.playlistName[entry] = fromCodePage(name);
+        if (name == closingToken)
+            break;
+        if (slot > Playlists::most)
+            return failed(Kind::TooLarge, QStringLiteral("holds more than %1 playlists").arg(slot - 1));
+        QByteArrayView songs;
+        if (!readSongs(file, songs) || name.contains('"') || songs.contains('"'))
+            return failed(Kind::Damaged, QStringLiteral("is damaged at playlist %1").arg(slot));
+        playlists.playlistSongs[entry] = fromCodePage(songs);
+    }
+    return holdsNothingMore(file) ? Result{} : failed(Kind::Damaged, "goes on behind its closing line");
+}
+
+Result readPlaylistFile(Playlists &playlists)
+{
+    QByteArray bytes;
+    if (Result read = readWhole(playlistPath(), bytes); !read.ok())
+        return read;
+    TokenFile file{bytes};
+    Playlists found;
+    Result result = readPlaylists(file, found);
+    if (result.ok())
+        playlists = std::move(found);
+    return result;
+}
+
+static Result writeAll(const Playlists &playlists)
+{
+    QByteArray bytes("var playlist = [\r\n");
+    for (size_t i = 1; i <= static_cast<size_t>(playlists.count()); i += 1) {
+        appendField(bytes, playlists.playlistName[i]);
+        bytes += ',';
+        appendField(bytes, playlists.playlistSongs[i]);
+        bytes += ",\r\n";
+    }
+    bytes += " ];\r\n";
+    return replaceFile(playlistPath(), bytes);
+}
+
+Result createPlaylistFile()
+{
+    return writeAll({});
+}
+
+static void append(Playlists &playlists, const QString &name, const QString &songs)
+{
+    playlists.playlistSlot = playlists.count() + 2;
+    const auto closing = static_cast<size_t>(playlists.playlistSlot);
+    playlists.playlistName[closing - 1] = name;
+    playlists.playlistSongs[closing - 1] = songs;
+    playlists.playlistName[closing] = QLatin1String(closingToken);
+}
+
+static Result rewrite(Playlists &playlists, Playlists &changed)
+{
+    Result written = writeAll(changed);
+    if (written.ok())
+        playlists = std::move(changed);
+    return written;
+}
+
+Result writePlaylistFile(Playlists &playlists, const QString &name, const QString &shown,
+                         const QString &songs)
+{
+    Playlists changed = playlists;
+    bool isReplaced = false;
+    for (size_t i = 1; i <= static_cast<size_t>(changed.count()) && name == shown; i += 1) {
+        if (changed.playlistName[i] != name)
+            continue;
+        changed.playlistSongs[i] = songs;
+        isReplaced = true;
+    }
+    if (!isReplaced && changed.count() == Playlists::most)
+        return failed(Kind::Refused,
+                      QStringLiteral("There are %1 playlists already, which is all that "
+                                     "the file has room for.")
+                          .arg(changed.count()));
+    if (!isReplaced)
+        append(changed, name, songs);
+    return rewrite(playlists, changed);
+}
+
+Result deletePlaylist(Playlists &playlists, const QString &name)
+{
+    Playlists changed;
+    for (size_t i = 1; i <= static_cast<size_t>(playlists.count()); i += 1) {
+        if (playlists.playlistName[i] != name)
+            append(changed, playlists.playlistName[i], playlists.playlistSongs[i]);
+    }
+    return rewrite(playlists, changed);
+}
