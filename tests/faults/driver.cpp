@@ -6,9 +6,11 @@
 #include "archive/archive_file.h"
 #include "audio/categories_file.h"
 #include "files/data_folder.h"
+#include "files/platform.h"
 #include "files/safe_write.h"
 #include "merge/absorb.h"
 #include "midi/midi_file.h"
+#include "playlists/playlist_file.h"
 
 #include <QDir>
 
@@ -21,16 +23,18 @@ static int done(const Result &result)
     return result.ok() ? 0 : 1;
 }
 
-// What the next start needs: all files load, and every record bears its own number.
+// What the next start needs: every file loads or is not there, and every record bears its own number.
 static int check()
 {
-    const ArchiveReading reading = loadArchive();
-    bool good = reading.result.ok() && reading.irregularRecord == 0 && !reading.endMissing;
+    const ArchiveReading archive = loadArchive();
+    Playlists playlists;
+    MidiTable midi;
+    bool good = archive.irregularRecord == 0 && !archive.endMissing;
+    for (const Result &read :
+         {archive.result, readCategories(), readPlaylistFile(playlists), readMidiFile(midi)})
+        good &= read.ok() || read.kind == Kind::Missing;
     for (size_t i = 1; i <= static_cast<size_t>(Module1.recCount); i += 1)
         good &= Module1.recNumber[i] == QString::number(i);
-    MidiTable midi;
-    for (const Result &read : {readCategories(), readMidiFile(midi)})
-        good &= read.ok() || read.kind == Kind::Missing;
     return good ? 0 : 1;
 }
 
@@ -93,15 +97,40 @@ static int absorbTwo()
     return troubled == 0 ? 0 : 16 + troubled;
 }
 
+// As the opening of the playlist window.
+static int beginPlaylists()
+{
+    if (isMissing(playlistPath()))
+        return done(createPlaylistFile());
+    Playlists playlists;
+    return done(readPlaylistFile(playlists));
+}
+
+static int savePlaylist()
+{
+    Playlists playlists;
+    const Result read = readPlaylistFile(playlists);
+    if (!read.ok() && read.kind != Kind::Missing)
+        return 1;
+    return done(writePlaylistFile(playlists, "Playlist 1", "Playlist 1", "3,2,1,#"));
+}
+
 struct Operation {
     const char *name;
     int (*run)();
 };
 
 static constexpr Operation operations[] = {
-    {"check", check},          {"start", start},        {"save-archive", saveArchive},
-    {"export-csv", exportCsv}, {"copy-page", copyPage}, {"copy-recording", copyRecording},
-    {"save-midi", saveMidi},   {"absorb", absorbTwo},
+    {"check", check},
+    {"start", start},
+    {"save-archive", saveArchive},
+    {"export-csv", exportCsv},
+    {"copy-page", copyPage},
+    {"copy-recording", copyRecording},
+    {"save-midi", saveMidi},
+    {"absorb", absorbTwo},
+    {"begin-playlists", beginPlaylists},
+    {"save-playlist", savePlaylist},
 };
 
 int main(int argc, char **argv)
