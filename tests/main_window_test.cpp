@@ -231,6 +231,23 @@ private slots:
         QCOMPARE(contents("spartiti/archivio.js"), archiveOf({"A!|a|x|1"}));
     }
 
+    void save_asksBeforeItUndoesWhatAnotherProgramDid()
+    {
+        TestFolder folder;
+        putArchive({"A|a|x|1"});
+        Form1 form;
+        show(form);
+        type("Text2", "!");
+        putArchive({"A|a|x|1", "B|||2"});
+        BoxAnswers answers({QMessageBox::No, QMessageBox::Yes, QMessageBox::Ok});
+        click("Form1", "Command1");
+        QCOMPARE(contents("spartiti/archivio.js"), archiveOf({"A|a|x|1", "B|||2"}));
+        click("Form1", "Command1");
+        click("Form1", "Command1"); // it is this window's own file again: no question
+        QCOMPARE(contents("spartiti/archivio.js"), archiveOf({"A!|a|x|1"}));
+        QCOMPARE(answers.texts.size(), 4);
+    }
+
     void save_refusesToReplaceADamagedArchive()
     {
         TestFolder folder;

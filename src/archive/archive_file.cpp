@@ -12,8 +12,6 @@
 
 using Kind = Result::Kind;
 
-static constexpr size_t tokensPerRecord = 10;
-
 static QByteArrayView readFieldLine(TokenFile &file, bool &regular)
 {
     QByteArrayView field;
@@ -87,10 +85,7 @@ static Result checkCount(size_t tokens, size_t records)
 
 bool endsAsWritten(TokenFile &file)
 {
-    bool asWritten = readToken(file) == "];";
-    while (!file.atEnd())
-        asWritten &= readToken(file).isEmpty();
-    return asWritten;
+    return readToken(file) == "];" && onlyEmptyTokensFollow(file);
 }
 
 static ArchiveReading storeRecords(TokenFile &file, size_t records, CodePageReader text)
@@ -122,7 +117,9 @@ ArchiveReading loadArchive()
     const size_t records = recordsIn(tokens);
     if (const Result fits = checkCount(tokens, records); !fits.ok())
         return refuseFromNowOn(fits);
-    return storeRecords(file, records, codePageReaderFor(bytes));
+    ArchiveReading reading = storeRecords(file, records, codePageReaderFor(bytes));
+    Module1.archiveOnDisk = qHash(bytes);
+    return reading;
 }
 
 static QStringView writtenCategory(size_t i)
@@ -171,5 +168,15 @@ Result writeArchive(int count)
     for (size_t i = 1; i <= last; i += 1)
         to = putRecord(to, i);
     to = putText(to, " ];\r\n");
-    return replaceFile(archivePath(), QByteArrayView(bytes.data(), to));
+    bytes.truncate(to - bytes.data());
+    Result written = replaceFile(archivePath(), bytes);
+    if (written.ok())
+        Module1.archiveOnDisk = qHash(bytes);
+    return written;
+}
+
+bool wasArchiveReplaced()
+{
+    QByteArray bytes;
+    return readWhole(archivePath(), bytes).ok() && qHash(bytes) != Module1.archiveOnDisk;
 }

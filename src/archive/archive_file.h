@@ -16,13 +16,15 @@ struct ArchiveRecord {
     bool regular = true; // each field stands on a line of its own, with nothing else on it
 };
 
-// Takes the ten tokens of the record at the file's position.
+inline constexpr qsizetype tokensPerRecord = 10;
+
+// Takes the tokens of the record at the file's position.
 ArchiveRecord readRecord(TokenFile &file);
 
 // Whether nothing but the closing line and perhaps blank lines follow at the file's position.
 bool endsAsWritten(TokenFile &file);
 
-// What loadArchive() found. Where the result is not fine, nothing in memory has changed.
+// What loadArchive() found. Where the result is not fine, no record has changed.
 struct [[nodiscard]] ArchiveReading {
     Result result;
     int irregularRecord = 0; // the first record that is not regular, from 1; 0 if all are
@@ -38,5 +40,13 @@ ArchiveReading loadArchive();
 // archiveRefusal as the reason where that is set; Unwritable leaves the old file in place.
 Result writeArchive(int count = Module1.recCount);
 
-// Replaces spartiti/ARCHIVIO.CSV with entries 1 to recCount, as they stand in memory.
+// True if the file holds something else than was last read or written here: another program, or this one
+// started twice, has replaced it, and a write would undo what that did. The question is for people.
+bool wasArchiveReplaced();
+inline constexpr char archiveReplacedQuestion[] =
+    "Another program has changed spartiti/archivio.js since it was read here. Do you want to replace it by "
+    "what this window holds? What the other program did to it would be lost.";
+
+// Replaces spartiti/ARCHIVIO.CSV with entries 1 to recCount, as they stand in memory. Refused while the
+// archive is, since nothing of it is in memory then.
 Result writeCsv();

@@ -59,6 +59,15 @@ bool readWrittenLine(TokenFile &file, QByteArrayView &text)
     return true;
 }
 
+bool onlyEmptyTokensFollow(TokenFile &file)
+{
+    while (!file.atEnd()) {
+        if (!readToken(file).isEmpty())
+            return false;
+    }
+    return true;
+}
+
 qsizetype countTokens(TokenFile file)
 {
     qsizetype count = 0;

@@ -20,5 +20,8 @@ QByteArrayView readToken(TokenFile &file);
 // is empty. Any other line is left to readToken(): false, and the position has not moved.
 bool readWrittenLine(TokenFile &file, QByteArrayView &text);
 
+// Goes on to the end of the file; true if all tokens on the way are empty.
+bool onlyEmptyTokensFollow(TokenFile &file);
+
 // How many tokens the file holds from its position to its end.
 qsizetype countTokens(TokenFile file);

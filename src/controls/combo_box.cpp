@@ -17,7 +17,7 @@ ComboBox::ComboBox(QWidget *parent)
     disconnect(lineEdit(), &QLineEdit::returnPressed, this, nullptr);
 }
 
-void ComboBox::show(int row, const QString &text)
+void ComboBox::showRow(int row, const QString &text)
 {
     setCurrentIndex(row);
     setEditText(text);
@@ -29,18 +29,18 @@ void ComboBox::addRows(const QStringList &texts)
     const int row = currentIndex();
     const QString text = currentText();
     addItems(texts);
-    show(row, text);
+    showRow(row, text);
 }
 
 void ComboBox::empty()
 {
     clear();
-    show(-1, {});
+    showRow(-1, {});
 }
 
 void ComboBox::undoPick()
 {
-    show(rowBefore_, textBefore_);
+    showRow(rowBefore_, textBefore_);
 }
 
 void ComboBox::showPopup()

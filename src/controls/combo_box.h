@@ -25,7 +25,7 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
-    void show(int row, const QString &text);
+    void showRow(int row, const QString &text);
 
     int rowBefore_ = -1;
     QString textBefore_;

@@ -55,8 +55,6 @@ public:
         return control;
     }
 
-    QWidget *parent() const { return parent_; }
-
 private:
     void put(QWidget *control, const QString &name, Place place, const QFont &font) const;
 

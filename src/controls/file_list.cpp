@@ -106,10 +106,10 @@ void FileList::showEvent(QShowEvent *event)
 // it has to select that row rather than go past it.
 void FileList::keyPressEvent(QKeyEvent *event)
 {
-    static constexpr std::array towardsFirst = {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_PageUp,
+    static constexpr std::array firstRowKeys = {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home, Qt::Key_PageUp,
                                                 Qt::Key_PageDown};
     const bool moves =
-        std::find(towardsFirst.begin(), towardsFirst.end(), event->key()) != towardsFirst.end();
+        std::find(firstRowKeys.begin(), firstRowKeys.end(), event->key()) != firstRowKeys.end();
     if (moves && selected_.isEmpty() && names_->rowCount() > 0)
         select(0);
     else

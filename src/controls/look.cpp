@@ -53,8 +53,7 @@ static QPalette palette()
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::ToolTipBase, Qt::white);
     palette.setColor(QPalette::ToolTipText, Qt::black);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, Qt::gray);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, Qt::gray);
     return palette;
 }
 

@@ -28,7 +28,7 @@ struct Place {
     constexpr QRect inPixels() const { return {pixels(left), pixels(top), pixels(width), pixels(height)}; }
 };
 
-// A font of so many points, 96 points-per-inch units high whatever the screen: p × 96 / 72 logical pixels.
+// A font of p points is p × 96 / 72 logical pixels high, whatever the screen.
 QFont verdana(double points);
 QFont msSansSerif(double points);
 QFont bold(QFont font);

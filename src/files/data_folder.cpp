@@ -1,7 +1,5 @@
 #include "files/data_folder.h"
 
-#include "files/result.h"
-
 #include <QDir>
 
 static QString inDataFolder(const QString &name, const QString &root = ".")
@@ -63,22 +61,4 @@ QString recordingPath(int record)
 QString shownPath(const QString &path)
 {
     return QDir::toNativeSeparators(QDir::cleanPath(path));
-}
-
-Result Result::failed(Kind kind, const QString &path, const QString &reason)
-{
-    return {kind, shownPath(path), reason};
-}
-
-QString Result::text() const
-{
-    return file + ": " + reason;
-}
-
-QString Result::refusal() const
-{
-    const QString what = kind == Kind::Unreadable
-        ? QStringLiteral("%1 cannot be read (%2).").arg(file, reason)
-        : QStringLiteral("%1 %2 and was not read.").arg(file, reason);
-    return what + " It is left as it is.";
 }

@@ -1,5 +1,6 @@
 #include "files/safe_write.h"
 
+#include "files/data_folder.h"
 #include "files/platform.h"
 
 #include <QDir>
@@ -43,7 +44,7 @@ bool holdsJust(const QString &path, QByteArrayView bytes)
         return false;
     QByteArray chunk(qMin(chunkSize, file.size()), Qt::Uninitialized);
     for (qsizetype compared = 0; compared < bytes.size();) {
-        const qint64 got = file.read(chunk.data(), chunk.size());
+        const qint64 got = file.read(chunk.data(), qMin<qint64>(chunk.size(), bytes.size() - compared));
         if (got <= 0 || bytes.sliced(compared, got) != QByteArrayView(chunk).first(got))
             return false;
         compared += got;
@@ -60,7 +61,7 @@ static Result openToReplace(QSaveFile &file)
 {
     const QString folder = QFileInfo(file.fileName()).path();
     if (!QDir().mkpath(folder))
-        return unwritable(file, QStringLiteral("the folder %1 cannot be made").arg(folder));
+        return unwritable(file, QStringLiteral("the folder %1 cannot be made").arg(shownPath(folder)));
     if (!file.open(QIODevice::WriteOnly))
         return unwritable(file, file.errorString());
     return {};

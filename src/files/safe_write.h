@@ -26,6 +26,7 @@ Result replaceFile(const QString &path, const QList<QByteArrayView> &pieces);
 // Unwritable of `target`, and then the old target stands untouched.
 Result copyFile(const QString &source, const QString &target);
 
+// One copy to be made: from where, to where.
 struct FileCopy {
     QString source;
     QString target;

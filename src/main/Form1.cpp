@@ -212,6 +212,8 @@ void Form1::writeThrough(Module1State::Column &column, const TextBox *box)
 // Save
 void Form1::Command1_Click()
 {
+    if (wasArchiveReplaced() && !askYesNo(archiveReplacedQuestion))
+        return;
     if (const Result written = writeArchive(); !written.ok()) {
         messageBox(written.kind == Result::Kind::Refused
                        ? "The archive was not saved. " + written.reason
@@ -252,7 +254,8 @@ void Form1::Command5_Click()
 void Form1::Command6_Click()
 {
     if (const Result written = writeCsv(); !written.ok())
-        messageBox("The export was not written; an earlier one is as it was before.\n" + written.text());
+        messageBox("The export was not written; an earlier one is as it was before.\n"
+                   + (written.kind == Result::Kind::Refused ? written.reason : written.text()));
     else
         messageBox("OK! CONVERSIONE EFFETTUATA CON SUCCESSO CVS!");
 }
@@ -275,7 +278,10 @@ bool Form1::hasUnsavedChanges() const
 {
     if (Module1.archiveChanged)
         return true;
-    const auto spare = static_cast<size_t>(qMin(Module1.recCount + 1, Module1State::lastRecord));
-    return spare > static_cast<size_t>(Module1.recCount)
-        && !(Module1.recTitle[spare] + Module1.recAuthor[spare] + Module1.recTags[spare]).isEmpty();
+    for (int n = Module1.recCount + 1; n <= VScroll1->maximum(); n += 1) {
+        const auto entry = static_cast<size_t>(n);
+        if (!(Module1.recTitle[entry] + Module1.recAuthor[entry] + Module1.recTags[entry]).isEmpty())
+            return true;
+    }
+    return false;
 }

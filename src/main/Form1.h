@@ -47,8 +47,6 @@ private:
     void showCount();
     bool hasUnsavedChanges() const;
 
-    playlistfrm playlistfrm_;
-
     TextBox *Text1 = nullptr;
     TextBox *Text2 = nullptr;
     TextBox *Text3 = nullptr;
@@ -70,4 +68,5 @@ private:
     PagePicker destra{Page::Right};
     mp3 mp3_;
     midifrm midifrm_;
+    playlistfrm playlistfrm_;
 };

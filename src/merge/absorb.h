@@ -7,6 +7,7 @@
 
 // Taking songs of another installation into the archive of Module1.
 
+// A page that something went wrong with, and why.
 struct PageTrouble {
     int record = 0; // the new song's number
     Page page = Page::Left;

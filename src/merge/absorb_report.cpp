@@ -69,7 +69,7 @@ QString troubleText(const AbsorbReport &report)
 {
     QStringList sections = {
         section("These pages of the new songs were not copied:", linesOf(report.notCopied)),
-        section("These songs came without pages, as their number in the other archive is no number:",
+        section("These songs came without pages, as their number in the other archive cannot name any pages:",
                 linesOf(report.withoutNumber)),
         section("These pages lay there from before under the number of a new song. They do not belong to "
                 "it and were given another name:",

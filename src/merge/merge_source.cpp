@@ -10,7 +10,7 @@ using Kind = Result::Kind;
 // The whole records among so many tokens: ten each, beside the first and the last line.
 static qsizetype recordsIn(qsizetype tokens)
 {
-    return qMax<qsizetype>(tokens - 2, 0) / 10;
+    return qMax<qsizetype>(tokens - 2, 0) / tokensPerRecord;
 }
 
 static Result checkCount(const QString &path, qsizetype tokens)

@@ -1,6 +1,7 @@
 #include "merge/merging.h"
 
 #include "archive/Module1.h"
+#include "archive/archive_file.h"
 #include "controls/image_frame.h"
 #include "controls/message_box.h"
 
@@ -40,12 +41,10 @@ static void tell(const SourceReading &reading)
     } else if (reading.irregularRecord > 0) {
         messageBox(QStringLiteral("%1 is not as it should be from title %2 on: fields may stand in the wrong "
                                   "place. It is listed as it stands.")
-                       .arg(path)
-                       .arg(reading.irregularRecord));
+                       .arg(path, QString::number(reading.irregularRecord)));
     } else if (reading.endMissing) {
         messageBox(QStringLiteral("The end of %1 is missing or is not as it should be. %2 titles were read.")
-                       .arg(path)
-                       .arg(reading.source.sourceCount));
+                       .arg(path, QString::number(reading.source.sourceCount)));
     }
 }
 
@@ -111,6 +110,8 @@ void merging::Command2_Click()
     const QList<int> chosen = tickedSlots();
     if (const Result possible = checkAbsorb(source, chosen.size()); !possible.ok())
         return tellFailure(possible);
+    if (wasArchiveReplaced() && !askYesNo(archiveReplacedQuestion))
+        return;
     if (!askYesNo("The selected tracks will be added to your archive. You want to proceed?"))
         return;
     const AbsorbReport report = absorbBusily(source, chosen);

@@ -12,7 +12,7 @@ static const char range[] = "0 to 127";
 MidiBox::MidiBox(QWidget *parent)
     : TextBox(parent)
 {
-    connect(this, &QLineEdit::textChanged, this, &MidiBox::keepShort);
+    setMaxLength(longest);
     connect(this, &QLineEdit::textChanged, this, &MidiBox::mark);
     connect(this, &QLineEdit::textEdited, this, &MidiBox::tellRange);
 }
@@ -28,20 +28,11 @@ bool MidiBox::isMarked() const
     return !std::all_of(value.begin(), value.end(), isDigit) || value.toInt() > 127;
 }
 
-// Not left to the limit of a line edit, which would cut a pasted " 121" before the blank goes.
 TypedText MidiBox::admit(const QString &typed) const
 {
-    const qsizetype room = longest - (text().size() - typed.size());
     TypedText result;
     std::copy_if(typed.begin(), typed.end(), std::back_inserter(result.text), isDigit);
-    result.text.truncate(qMax<qsizetype>(room, 0));
     return result;
-}
-
-void MidiBox::keepShort()
-{
-    if (text().size() > longest)
-        setText(text().first(longest));
 }
 
 void MidiBox::mark()

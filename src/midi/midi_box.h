@@ -21,7 +21,6 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
-    void keepShort();
     void mark();
     void tellRange();
 

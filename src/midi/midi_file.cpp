@@ -125,11 +125,7 @@ static bool readEnd(TokenFile &file, MidiTable &table)
     if (rest != trailer)
         table.asWritten = false;
     table.endMissing = readToken(file) != "];";
-    while (!file.atEnd()) {
-        if (!readToken(file).isEmpty())
-            return false;
-    }
-    return true;
+    return onlyEmptyTokensFollow(file);
 }
 
 // The reading pass; false where the file is damaged.

@@ -64,5 +64,6 @@ Result readMidiFile(MidiTable &table);
 
 // Replaces the file with the table's blocks in their order. The song's rows are taken from `fields`, and a
 // song without a block gets one behind the others. All other texts go out as they came in. Afterwards the
-// table holds what was written. Unwritable, or Refused where the table is full, leaves both as they are.
+// table holds what was written. Unwritable, or Refused where the table is full, leaves the file
+// as it is, and the table with the same texts.
 Result writeMidiFile(MidiTable &table, int midiRecord, const MidiFields &fields);

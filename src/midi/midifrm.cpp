@@ -221,12 +221,13 @@ bool midifrm::bringTableUpToDate()
                    "window was opened. It is left as it is.");
         return false;
     }
-    if (songDiffers(onDisk, table_, midiRecord_)
+    const bool differs = songDiffers(onDisk, table_, midiRecord_);
+    if (differs
         && !askYesNo("Another program has changed this song's settings in spartiti/midi.js. Do you want to "
                      "replace them by what this window shows?"))
         return false;
     table_ = std::move(onDisk);
-    return true;
+    return !differs || bringTableUpToDate(); // the file may have changed while the question stood
 }
 
 // Reset

@@ -60,22 +60,15 @@ static Result failed(Kind kind, const QString &reason)
     return Result::failed(kind, playlistPath(), reason);
 }
 
-static bool holdsNothingMore(TokenFile &file)
-{
-    while (!file.atEnd()) {
-        if (!readToken(file).isEmpty())
-            return false;
-    }
-    return true;
-}
-
 // A quote inside a token comes of a damaged line, and could not be written again.
 static Result readPlaylists(TokenFile &file, Playlists &playlists)
 {
-    if (file.atEnd() || readToken(file).contains('"'))
+    const QByteArrayView firstLine = readToken(file);
+    if (file.bytes.isEmpty() || firstLine.contains('"'))
         return failed(Kind::Damaged, "is damaged in its first line");
     const CodePageReader textOf = codePageReaderFor(file.bytes);
-    for (int &slot = playlists.playlistSlot = 1;; slot += 1) {
+    int slot = 1;
+    for (;; slot += 1) {
         const auto entry = static_cast<size_t>(slot);
         const QByteArrayView name = file.atEnd() ? closingToken : readToken(file);
         playlists.playlistName[entry] = textOf(name);
@@ -88,7 +81,10 @@ static Result readPlaylists(TokenFile &file, Playlists &playlists)
             return failed(Kind::Damaged, QStringLiteral("is damaged at playlist %1").arg(slot));
         playlists.playlistSongs[entry] = textOf(songs);
     }
-    return holdsNothingMore(file) ? Result{} : failed(Kind::Damaged, "goes on behind its closing line");
+    playlists.playlistSlot = slot;
+    if (slot == 1 && firstLine != "var playlist = [" && !file.bytes.contains(closingToken))
+        return failed(Kind::Damaged, "holds no playlists and nothing else that belongs there,");
+    return onlyEmptyTokensFollow(file) ? Result{} : failed(Kind::Damaged, "goes on behind its closing line");
 }
 
 Result readPlaylistFile(Playlists &playlists)
@@ -163,6 +159,8 @@ Result writePlaylistFile(Playlists &playlists, const QString &name, const QStrin
 Result deletePlaylist(Playlists &playlists, const QString &name)
 {
     Playlists changed;
+    changed.playlistSlot = 1;
+    changed.playlistName[1] = QLatin1String(closingToken);
     for (size_t i = 1; i <= static_cast<size_t>(playlists.count()); i += 1) {
         if (playlists.playlistName[i] != name)
             append(changed, playlists.playlistName[i], playlists.playlistSongs[i]);

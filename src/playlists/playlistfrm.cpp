@@ -79,6 +79,7 @@ void playlistfrm::load()
 {
     playlists.playlistSlot = 0;
     songs.empty();
+    unknownSongs = 0;
     newPlaylistPending = 0;
     const auto firstTitle = Module1.recTitle.begin() + 1;
     List1->addItems(alphabetical({firstTitle, firstTitle + Module1.recCount}));
@@ -122,10 +123,13 @@ void playlistfrm::Combo1_Click()
     Text1->setText(name);
     List2->clear();
     songs.empty();
+    unknownSongs = 0;
     QStringList rows;
     for (const int n : numbers) {
+        const QString &number = Module1.recNumber[static_cast<size_t>(n)];
         rows += Module1.recTitle[static_cast<size_t>(n)];
-        songs.add(Module1.recNumber[static_cast<size_t>(n)]);
+        songs.add(number);
+        unknownSongs += number.isEmpty() ? 1 : 0;
     }
     List2->addItems(rows);
 }
@@ -203,6 +207,7 @@ void playlistfrm::emptyEditedList()
     List2->clear();
     Text1->clear();
     songs.empty();
+    unknownSongs = 0;
 }
 
 // What a Save or a Delete rewrites is what the disk holds; if the file is gone, what was last read.
@@ -231,10 +236,18 @@ static bool canBeSaved(const QString &name)
     else if (isClosingToken(name))
         messageBox("A playlist cannot have this name: in the file, ]; stands for the end.");
     else if (!Module1.archiveRefusal.isEmpty()) // then no song has a number
-        messageBox("The playlist was not saved, since its songs are not known. " + Module1.archiveRefusal);
+        messageBox("The playlist was not saved. " + Module1.archiveRefusal);
     else
         return true;
     return false;
+}
+
+bool playlistfrm::mayDropUnknownSongs() const
+{
+    return unknownSongs == 0
+        || askYesNo(QStringLiteral("%1 songs of the playlist that was picked are not in the archive, and "
+                                   "saving it drops them. Do you want to save it all the same?")
+                        .arg(unknownSongs));
 }
 
 // Save
@@ -242,7 +255,7 @@ void playlistfrm::Command1_Click()
 {
     const QString name = Text1->text();
     Playlists onDisk = playlists;
-    if (!canBeSaved(name) || !readAgain(onDisk))
+    if (!canBeSaved(name) || !mayDropUnknownSongs() || !readAgain(onDisk))
         return;
     const int count = onDisk.count();
     const Result written = writePlaylistFile(onDisk, name, Combo1->currentText(), songs.text());
@@ -268,7 +281,8 @@ static QString shortened(const QString &name)
 void playlistfrm::Command8_Click()
 {
     const QString name = Combo1->currentText();
-    if (Combo1->currentIndex() < 0 || !playlists.knows(name)) {
+    const int picked = Combo1->currentIndex();
+    if (picked < 0 || Combo1->itemText(picked) != name || !playlists.knows(name)) {
         messageBox("You must select a playlist");
         return;
     }

@@ -38,9 +38,11 @@ private:
     void addSelected();
     void swapWithNext(int row);
     void emptyEditedList();
+    bool mayDropUnknownSongs() const;
 
     Playlists playlists; // all that Combo1 offers, with its songs
     SongList songs; // slot r + 1 belongs to row r of List2, and there are as many
+    int unknownSongs = 0; // numbers of the playlist picked that no record has; they have empty slots
     int newPlaylistPending = 0; // 1 from a click on "New playlist" until the next Save
 
     RowList *List1 = nullptr;
