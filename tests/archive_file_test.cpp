@@ -198,6 +198,14 @@ private slots:
         QCOMPARE(loadArchive().irregularRecord, 2);
     }
 
+    void loadArchive_doesNotTakeUnreachableForMissing()
+    {
+        TestFolder folder;
+        QVERIFY(QDir().mkdir("spartiti") && QFile::link("archivio.js", "spartiti/archivio.js"));
+        QCOMPARE(loadArchive().result.kind, Kind::Unreadable);
+        QCOMPARE(writeArchive(1).kind, Kind::Refused);
+    }
+
     void loadArchive_leavesAFolderUnderItsName()
     {
         TestFolder folder;

@@ -104,6 +104,18 @@ private slots:
         QCOMPARE(contents("spartiti/archivio.js"), archive == "-" ? QByteArray("(missing)") : archive);
     }
 
+    void start_beginsNothingOverAnUnreachableArchive()
+    {
+        TestFolder folder;
+        QVERIFY(QDir().mkdir("spartiti") && QFile::link("archivio.js", "spartiti/archivio.js"));
+        BoxAnswers answers({QMessageBox::Ok});
+        Form1 form;
+        show(form);
+        QCOMPARE(answers.texts,
+                 QStringList("spartiti/archivio.js cannot be read (Too many levels of symbolic "
+                             "links). It is left as it is."));
+    }
+
     void start_beginsAnArchive()
     {
         TestFolder folder;

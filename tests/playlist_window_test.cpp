@@ -209,6 +209,17 @@ private slots:
         QCOMPARE(shown(), QStringList({QString("alpine|").repeated(1000) + 'a', "2: a b: a"}));
     }
 
+    void unreachableFile_isNotBegunAnew()
+    {
+        folder = std::make_unique<TestFolder>();
+        QVERIFY(QDir().mkdir("spartiti") && QFile::link("playlist.js", path));
+        const BoxAnswers answers({QMessageBox::Ok});
+        form = std::make_unique<playlistfrm>();
+        form->show();
+        waitUntilActive(window);
+        QVERIFY(answers.texts.value(0).startsWith("spartiti/playlist.js cannot be read"));
+    }
+
     void whatGoesWrong_harmsNoPlaylist()
     {
         open(ab.chopped(5));

@@ -21,6 +21,11 @@ bool syncFileSystem(int)
 }
 
 void syncFolder(const QString &) { }
+
+bool isMissing(const QString &path)
+{
+    return _waccess(path.toStdWString().c_str(), 0) != 0 && errno == ENOENT;
+}
 #else
 #include <fcntl.h>
 #include <unistd.h>
@@ -57,6 +62,11 @@ void syncFolder(const QString &folder)
         return;
     syncFile(handle);
     close(handle);
+}
+
+bool isMissing(const QString &path)
+{
+    return access(QFile::encodeName(path).constData(), F_OK) != 0 && (errno == ENOENT || errno == ENOTDIR);
 }
 #endif
 

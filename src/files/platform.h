@@ -21,5 +21,9 @@ bool syncFileSystem(int handle);
 // Some file systems cannot; that is no failure, since the rename itself is done.
 void syncFolder(const QString &folder);
 
+// True only where the system says that nothing bears this name. A path that cannot be looked at, since a
+// folder on the way refuses it or the disk fails, may well lead to something.
+bool isMissing(const QString &path);
+
 // The system's words for the present errno.
 QString systemReason();

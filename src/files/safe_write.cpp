@@ -15,10 +15,9 @@ using Kind = Result::Kind;
 
 static Result openToRead(QFile &file)
 {
-    const QFileInfo info(file.fileName());
-    if (!info.exists())
+    if (isMissing(file.fileName()))
         return Result::failed(Kind::Missing, file.fileName(), "there is no such file");
-    if (!info.isFile())
+    if (const QFileInfo info(file.fileName()); info.exists() && !info.isFile())
         return Result::failed(Kind::Unreadable, file.fileName(), "this is not a file");
     if (!file.open(QIODevice::ReadOnly))
         return Result::failed(Kind::Unreadable, file.fileName(), file.errorString());

@@ -5,6 +5,7 @@
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
 #include "files/data_folder.h"
+#include "files/platform.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -125,7 +126,7 @@ bool Form1::eventFilter(QObject *watched, QEvent *event)
 void Form1::load()
 {
     Module1.recCount = 0;
-    bool isRead = QFileInfo::exists(archivePath());
+    bool isRead = !isMissing(archivePath());
     if (isRead && !readArchive())
         return;
     if (Module1.recCount == 0 && beginArchive())

@@ -1,6 +1,7 @@
 #include "merge/absorb.h"
 
 #include "archive/archive_file.h"
+#include "files/platform.h"
 #include "files/safe_write.h"
 
 #include <QFile>
@@ -18,7 +19,7 @@ static Result refused(const QString &reason)
 
 static bool isThere(const MergeSource &source)
 {
-    return QFileInfo::exists(archivePath(source.folder));
+    return !isMissing(archivePath(source.folder));
 }
 
 Result checkAbsorb(const MergeSource &source, qsizetype chosenCount)
@@ -91,7 +92,7 @@ static QList<NewPage> newPages(const MergeSource &source, const QList<int> &chos
 static void setOldPageAside(const NewPage &page, AbsorbReport &report)
 {
     const QString path = page.copy().target;
-    if (!QFileInfo::exists(path))
+    if (isMissing(path))
         return;
     int attempt = 1;
     while (QFileInfo::exists(oldPagePath(page.record, page.page, attempt)))
@@ -136,6 +137,8 @@ static void copyPages(const MergeSource &source, const QList<int> &chosen, Absor
     const QList<Result> results = copyFiles(copies);
     for (qsizetype i = 0; i < pages.size(); i += 1)
         reportCopy(pages[i], results[i], source, report);
+    if (!report.setAside.isEmpty())
+        syncFolder(QFileInfo(archivePath()).path());
 }
 
 AbsorbReport absorb(const MergeSource &source, const QList<int> &chosen)

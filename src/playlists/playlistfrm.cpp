@@ -6,9 +6,9 @@
 #include "controls/row_list.h"
 #include "controls/text_box.h"
 #include "files/data_folder.h"
+#include "files/platform.h"
 #include "playlists/title_order.h"
 
-#include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
 
@@ -82,7 +82,7 @@ void playlistfrm::load()
     newPlaylistPending = 0;
     const auto firstTitle = Module1.recTitle.begin() + 1;
     List1->addItems(alphabetical({firstTitle, firstTitle + Module1.recCount}));
-    if (!QFileInfo::exists(playlistPath())) {
+    if (isMissing(playlistPath())) {
         if (const Result created = createPlaylistFile(); !created.ok())
             messageBox("The file of the playlists was not begun.\n" + created.text());
         return;

@@ -1,0 +1,145 @@
+// fault_driver FOLDER OPERATION: one operation of the core in an archive's folder, as a window does it.
+// It prints nothing, so that its exit code is the truth whatever is refused to it: 0 done, 1 not done and
+// told so, 2 called wrongly; where the archive holds the absorbed songs and pages of theirs are told to be
+// missing or another's, 16 and one bit for each: left and right of the first song, then of the second.
+
+#include "archive/archive_file.h"
+#include "audio/categories_file.h"
+#include "files/data_folder.h"
+#include "files/platform.h"
+#include "files/safe_write.h"
+#include "merge/absorb.h"
+#include "midi/midi_file.h"
+#include "playlists/playlist_file.h"
+
+#include <QDir>
+
+#include <cstring>
+
+using Kind = Result::Kind;
+
+static int done(const Result &result)
+{
+    return result.ok() ? 0 : 1;
+}
+
+// What the next start needs: every file loads or is not there, and every record bears its own number.
+static int check()
+{
+    const ArchiveReading archive = loadArchive();
+    Playlists playlists;
+    MidiTable midi;
+    bool good = archive.irregularRecord == 0 && !archive.endMissing;
+    for (const Result &read :
+         {archive.result, readCategories(), readPlaylistFile(playlists), readMidiFile(midi)})
+        good &= read.ok() || read.kind == Kind::Missing;
+    for (size_t i = 1; i <= static_cast<size_t>(Module1.recCount); i += 1)
+        good &= Module1.recNumber[i] == QString::number(i);
+    return good ? 0 : 1;
+}
+
+// The start of the program, in a folder that may have no archive yet; whoever is asked says Yes.
+static int start()
+{
+    const Result read = loadArchive().result;
+    if (!read.ok() && read.kind != Kind::Missing)
+        return 1;
+    return Module1.recCount > 0 ? 0 : done(writeArchive(1));
+}
+
+static int saveArchive()
+{
+    if (!loadArchive().result.ok())
+        return 1;
+    Module1.recTitle[1] = "Changed";
+    Module1.recCount += 1;
+    return done(writeArchive());
+}
+
+static int exportCsv()
+{
+    return loadArchive().result.ok() ? done(writeCsv()) : 1;
+}
+
+static int copyPage()
+{
+    return done(copyFile("scan.jpg", pagePath(1, Page::Left)));
+}
+
+static int copyRecording()
+{
+    return done(copyFile("scan.jpg", recordingPath(1)));
+}
+
+static int saveMidi()
+{
+    MidiTable table;
+    const Result read = readMidiFile(table);
+    if (!read.ok() && read.kind != Kind::Missing)
+        return 1;
+    MidiFields fields;
+    fields.midiFieldPc.fill("127");
+    return done(writeMidiFile(table, 1, fields));
+}
+
+static int absorbTwo()
+{
+    const SourceReading reading = readMergeSource("other");
+    if (!loadArchive().result.ok() || !reading.result.ok())
+        return 1;
+    const AbsorbReport report = absorb(reading.source, {1, 2});
+    if (!report.archive.ok())
+        return 1;
+    int troubled = 0;
+    for (const PageTrouble &trouble : report.notCopied + report.notSetAside)
+        troubled |=
+            1 << ((trouble.record - Module1.recCount - 1) * 2 + (trouble.page == Page::Right ? 1 : 0));
+    return troubled == 0 ? 0 : 16 + troubled;
+}
+
+// As the opening of the playlist window.
+static int beginPlaylists()
+{
+    if (isMissing(playlistPath()))
+        return done(createPlaylistFile());
+    Playlists playlists;
+    return done(readPlaylistFile(playlists));
+}
+
+static int savePlaylist()
+{
+    Playlists playlists;
+    const Result read = readPlaylistFile(playlists);
+    if (!read.ok() && read.kind != Kind::Missing)
+        return 1;
+    return done(writePlaylistFile(playlists, "Playlist 1", "Playlist 1", "3,2,1,#"));
+}
+
+struct Operation {
+    const char *name;
+    int (*run)();
+};
+
+static constexpr Operation operations[] = {
+    {"check", check},
+    {"start", start},
+    {"save-archive", saveArchive},
+    {"export-csv", exportCsv},
+    {"copy-page", copyPage},
+    {"copy-recording", copyRecording},
+    {"save-midi", saveMidi},
+    {"absorb", absorbTwo},
+    {"begin-playlists", beginPlaylists},
+    {"save-playlist", savePlaylist},
+};
+
+int main(int argc, char **argv)
+{
+    if (argc != 3 || !QDir::setCurrent(QString::fromLocal8Bit(argv[1])))
+        return 2;
+    for (const Operation &operation : operations) {
+        if (std::strcmp(operation.name, argv[2]) == 0)
+            return operation.run();
+    }
+    return 2;
+}

@@ -1,0 +1,399 @@
+#!/usr/bin/env python3
+"""Puts the operations of the core under the faults that lose people's work, and prints one table:
+operation, fault, points tried, points held. A point holds if the program told the truth: after a success
+all files are the new ones, after a failure all are the old ones, and after a kill each is one of the two.
+
+    faults.py [--quick] DRIVER [FAULT ...]      FAULT: kill refuse full rights power
+
+--quick leaves out two of the errors and the calls made while the program itself is loaded. Exit code 1: a point did not hold;
+77: this machine lacks the tool or the right for every fault asked for. Work is done in TMPDIR."""
+
+import collections
+import concurrent.futures
+import fcntl
+import os
+import re
+import resource
+import shutil
+import signal
+import struct
+import subprocess
+import sys
+import tempfile
+import time
+
+ERRORS = ["ENOSPC", "EACCES", "EIO", "EDQUOT"]
+LEFTOVER = re.compile(r".*\.(js|jpg|mp3|CSV)\.[A-Za-z0-9]{6}")  # what a kill may leave; everything ignores it
+NOT_FILES = {"execve", "mmap"}  # of the calls that strace counts among those on files
+
+
+# The archive that an operation finds.
+
+def lines(first, fields):
+    return (f"var {first} = [\r\n" + "".join(f'"{field}",\r\n' for field in fields) + " ];\r\n").encode("cp1252")
+
+
+def archive(count, title):
+    return lines("archivio", [field for n in range(1, count + 1)
+                              for field in (n, f"{title} {n} {'è' * 20}", "An author", "tags and more tags", n % 34)])
+
+
+def put(path, data):
+    os.makedirs(os.path.dirname(path), exist_ok=True)
+    with open(path, "wb") as file:
+        file.write(data)
+
+
+def put_nothing(folder, kilobytes):
+    pass
+
+
+def put_stand(folder, kilobytes):
+    """An archive whose every file has about so many kilobytes, a scan, and another stand."""
+    spartiti = folder + "/spartiti/"
+    songs = kilobytes * 1024 // len(archive(1, "Song"))
+    put(spartiti + "archivio.js", archive(songs, "Song"))
+    put(spartiti + "generi.js", lines("generi", [f"Category {n}" for n in range(1, 34)]))
+    put(spartiti + "midi.js", lines("midi", [field for n in range(2, 2 + kilobytes * 4)
+                                             for field in (n, *["0,0,12"] * 16)]))
+    put(spartiti + "playlist.js", b"var playlist = [\r\n" + b"".join(
+        b'"Playlist %d","%s#",\r\n' % (n, b"123," * (kilobytes * 25)) for n in range(10)) + b" ];\r\n")
+    put(spartiti + "1L.jpg", os.urandom(1024 * kilobytes))
+    put(folder + "/scan.jpg", os.urandom(1024 * kilobytes))
+    put(folder + "/other/spartiti/archivio.js", archive(2, "Other song"))
+    for page in ("1L", "1R", "2L"):
+        put(f"{folder}/other/spartiti/{page}.jpg", os.urandom(1024 * kilobytes))
+    for page in (f"{songs + 1}L", f"{songs + 2}R"):  # pages that lie there from before
+        put(f"{spartiti}{page}.jpg", os.urandom(512))
+
+
+Operation = collections.namedtuple("Operation", "name command put")
+OPERATIONS = [
+    Operation("begin an archive", "start", put_nothing),
+    Operation("start on an archive", "start", put_stand),
+    Operation("save the archive", "save-archive", put_stand),
+    Operation("export as CSV", "export-csv", put_stand),
+    Operation("copy a page", "copy-page", put_stand),
+    Operation("copy a recording", "copy-recording", put_stand),
+    Operation("begin playlists", "begin-playlists", put_nothing),
+    Operation("open playlists", "begin-playlists", put_stand),
+    Operation("save a playlist", "save-playlist", put_stand),
+    Operation("save MIDI settings", "save-midi", put_stand),
+    Operation("absorb two songs", "absorb", put_stand),
+]
+
+
+# Running and judging.
+
+class Skip(Exception):
+    """What this machine lacks."""
+
+
+def files_in(folder):
+    files = {}
+    for parent, _, names in os.walk(folder):
+        for name in names:
+            if not LEFTOVER.fullmatch(name):
+                path = os.path.join(parent, name)
+                with open(path, "rb") as file:
+                    files[os.path.relpath(path, folder)] = file.read()
+    return files
+
+
+def run(folder, operation, prefix=(), **options):
+    """The exit code; negative for a signal."""
+    command = [*prefix, driver, folder, operation]
+    return subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **options).returncode
+
+
+def strace(*arguments, output=os.devnull):
+    return ["strace", "-qq", "-o", output, *arguments]
+
+
+def injected(call, number, what):
+    return strace("-e", f"trace={call}", "-e", f"inject={call}:{what}:when={number}")
+
+
+def absorbed_in_part(before, wanted, after, pages):
+    """All is as wanted but for pages told of: they are missing or as before, and what lay there is kept."""
+    kept = [before[page] for page in pages if page in before]
+    wrong = [path for path in {*wanted, *after} - pages
+             if after.get(path) != wanted.get(path) and not {after.get(path), wanted.get(path)} & {*kept}]
+    wrong += [page for page in pages if after.get(page) not in (None, before.get(page))]
+    wrong += [page for page in pages if page in before and before[page] not in after.values()]
+    return f"told of {pages}, and yet not so: {wrong}" if wrong else None
+
+
+def troubled_pages(before, code):
+    songs = before["spartiti/archivio.js"].count(b"\n") // 5
+    return {f"spartiti/{songs + 1 + bit // 2}{'LR'[bit % 2]}.jpg" for bit in range(4) if code & 1 << bit}
+
+
+def verdict(before, wanted, after, code):
+    """What is wrong; nothing if the point holds."""
+    if code == -signal.SIGKILL:
+        wrong = [path for path in {*before, *wanted, *after}
+                 if after.get(path) not in (before.get(path), wanted.get(path))]
+        return f"neither old nor new: {wrong}" if wrong else None
+    if code < 0:
+        return f"ended by signal {-code}"
+    if 16 < code < 32:
+        return absorbed_in_part(before, wanted, after, troubled_pages(before, code))
+    expected = wanted if code == 0 else before
+    wrong = [path for path in {*expected, *after} if after.get(path) != expected.get(path)]
+    return f"exit code {code}, and yet not so: {wrong}" if wrong else None
+
+
+class Stand:
+    """An operation with the files that it finds, and those that it leaves where nothing fails."""
+
+    def __init__(self, operation, kilobytes=1):
+        self.operation = operation
+        self.folder = tempfile.mkdtemp(dir=base)
+        operation.put(self.folder, kilobytes)
+        self.before = files_in(self.folder)
+        with self.copy() as folder:
+            assert run(folder, operation.command) == 0, operation.name
+            self.wanted = files_in(folder)
+
+    def copy(self):
+        copy = tempfile.TemporaryDirectory(dir=base)
+        shutil.copytree(self.folder, copy.name, dirs_exist_ok=True)
+        return copy
+
+    def run(self, folder, prefix=(), **options):
+        return run(folder, self.operation.command, prefix, **options)
+
+    def attempt(self, prefix=()):
+        """One point: the fault, and then a new start that must find everything in order."""
+        with self.copy() as folder:
+            code = self.run(folder, prefix)
+            wrong = verdict(self.before, self.wanted, files_in(folder), code)
+            if not wrong and (self.run(folder) != 0 or run(folder, "check") != 0):
+                wrong = "the next start does not get on with it"
+            return wrong
+
+    def calls(self, *choice):
+        """The system calls of a run without a fault: (name, its number among those of this name)."""
+        trace = self.folder + ".trace"
+        with self.copy() as folder:
+            if self.run(folder, strace(*choice, output=trace)) != 0:
+                raise Skip("strace cannot trace here (ptrace is not allowed)")
+        counts = collections.Counter()
+        calls = []
+        with open(trace) as file:
+            for name in re.findall(r"^(\w+)\(", file.read(), re.MULTILINE):
+                counts[name] += 1
+                calls.append((name, counts[name]))
+        return calls[calls.index(("chdir", 1)) + 1:] if quick else calls
+
+
+def need(*tools):
+    for tool in tools:
+        if not shutil.which(tool, path=os.environ["PATH"] + ":/usr/sbin:/sbin"):
+            raise Skip(f"{tool} is not installed")
+
+
+def mounted(what, folder, *options):
+    done = subprocess.run(["mount", *options, what, folder], capture_output=True, text=True)
+    if done.returncode != 0:
+        raise Skip(f"mounting is not allowed ({done.stderr.strip()})")
+
+
+def unmount(folder):
+    for _ in range(100):  # a process that has just ended may still hold it
+        if subprocess.run(["umount", folder], stderr=subprocess.DEVNULL).returncode == 0:
+            return
+        time.sleep(0.05)
+    sys.exit(f"{folder} cannot be unmounted")
+
+
+# The faults. Each gives, for an operation, its points: a text that names the point, and a function that
+# tries it and tells what is wrong.
+
+def kill(operation):
+    """killed before a system call"""
+    need("strace")
+    stand = Stand(operation)
+    for name, number in stand.calls():
+        yield f"{name} {number}", lambda n=name, k=number: stand.attempt(injected(n, k, "signal=SIGKILL"))
+
+
+def refuse(operation):
+    """a file system call refused, once or from then on"""
+    need("strace")
+    stand = Stand(operation)
+    for name, number in stand.calls("-e", "trace=%file,%desc"):
+        if name in NOT_FILES:
+            continue
+        for error in ERRORS[:2 if quick else 4]:
+            for when in (number, f"{number}+"):
+                yield (f"{name} {when} {error}",
+                       lambda n=name, k=when, e=error: stand.attempt(injected(n, k, f"error={e}")))
+
+
+def full_disk(stand, free):
+    with tempfile.TemporaryDirectory(dir=base) as disk:
+        mounted("none", disk, "-t", "tmpfs", "-o", "size=64m")
+        try:
+            shutil.copytree(stand.folder, disk, dirs_exist_ok=True)
+            state = os.statvfs(disk)
+            used = (state.f_blocks - state.f_bfree) * state.f_frsize // 1024
+            mounted("none", disk, "-o", f"remount,size={used + free}k")
+            code = stand.run(disk)
+            return verdict(stand.before, stand.wanted, files_in(disk), code)
+        finally:
+            unmount(disk)
+
+
+def limited(stand, free):
+    def limit():
+        signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+        resource.setrlimit(resource.RLIMIT_FSIZE, (free * 1024, free * 1024))
+
+    with stand.copy() as folder:
+        code = stand.run(folder, preexec_fn=limit, restore_signals=False)
+        return verdict(stand.before, stand.wanted, files_in(folder), code)
+
+
+def full(operation):
+    """a full disk: 0, 4, 8, 12 KB free, files of 1, 14, 300 KB"""
+    for kilobytes in (1, 14, 300):
+        stand = Stand(operation, kilobytes)
+        for free in (0, 4, 8, 12):
+            for way in (full_disk, limited):
+                yield f"{kilobytes} KB, {free} KB free, {way.__name__}", lambda w=way, s=stand, f=free: w(s, f)
+
+
+def read_only_disk(stand):
+    with tempfile.TemporaryDirectory(dir=base) as disk:
+        mounted("none", disk, "-t", "tmpfs")
+        try:
+            shutil.copytree(stand.folder, disk, dirs_exist_ok=True)
+            mounted("none", disk, "-o", "remount,ro")
+            code = stand.run(disk)
+            return verdict(stand.before, stand.wanted, files_in(disk), code)
+        finally:
+            unmount(disk)
+
+
+def without_rights(stand, folders, files):
+    user = {"user": "nobody"} if os.geteuid() == 0 else {}
+    with stand.copy() as folder:
+        for parent, names, own in os.walk(folder, topdown=False):
+            for name in own:
+                os.chmod(os.path.join(parent, name), files)
+            if parent != folder:
+                os.chmod(parent, folders)
+            if user:
+                for name in ("", *own):
+                    shutil.chown(os.path.join(parent, name), "nobody")
+        code = stand.run(folder, **user)
+        subprocess.run(["chmod", "-R", "u+rwX", folder], check=True)
+        return verdict(stand.before, stand.wanted, files_in(folder), code)
+
+
+def rights(operation):
+    """rights taken away: a read-only disk, modes of folders and files"""
+    stand = Stand(operation)
+    yield "read-only disk", lambda: read_only_disk(stand)
+    for folders, files in ((0o555, 0o644), (0o000, 0o644), (0o755, 0o444), (0o755, 0o000), (0o311, 0o644)):
+        yield f"folders {folders:o}, files {files:o}", lambda d=folders, f=files: without_rights(stand, d, f)
+
+
+def cut_power(folder, flag):
+    handle = os.open(folder, os.O_RDONLY)
+    fcntl.ioctl(handle, 0x8004587D, struct.pack("I", flag))  # the shutdown call of ext4
+    os.close(handle)
+
+
+def power_cut(stand, image, options, flag, prefix):
+    with tempfile.TemporaryDirectory(dir=base) as disk:
+        copy = disk + ".image"
+        subprocess.run(["cp", "--sparse=always", image, copy], check=True)
+        try:
+            mounted(copy, disk, "-o", f"loop,{options}")
+            code = stand.run(disk + "/stand", prefix)
+            cut_power(disk, flag)
+            unmount(disk)
+            mounted(copy, disk, "-o", f"loop,{options}")
+            wrong = verdict(stand.before, stand.wanted, files_in(disk + "/stand"), code)
+            unmount(disk)
+            return wrong
+        finally:
+            os.remove(copy)
+
+
+def image_of(stand):
+    image = stand.folder + ".image"
+    with open(image, "wb") as file:
+        file.truncate(32 << 20)
+    subprocess.run(["mkfs.ext4", "-q", "-F", "-d", stand.folder + ".parent", image], check=True)
+    return image
+
+
+def power(operation):
+    """power cut before a call that changes files, and after the end (ext4)"""
+    need("strace", "mkfs.ext4")
+    stand = Stand(operation, 14)
+    shutil.copytree(stand.folder, stand.folder + ".parent/stand")
+    image = image_of(stand)
+    changing = re.compile("open|creat|write|sync|link|rename|mkdir|truncate|chmod|close|exit")
+    points = [call for call in stand.calls() if changing.search(call[0])]
+    for options in ("data=ordered", "data=writeback,noauto_da_alloc"):
+        for flag in (1, 2):  # with and without a last write of the journal
+            for name, number in points:
+                yield (f"{name} {number}, {options}, {flag}",
+                       lambda o=options, f=flag, n=name, k=number:
+                       power_cut(stand, image, o, f, injected(n, k, "signal=SIGKILL")))
+            yield f"after the end, {options}, {flag}", lambda o=options, f=flag: power_cut(stand, image, o, f, ())
+
+
+def row(operation, fault, pool):
+    points = list(fault(operation))
+    attempts = [(name, pool.submit(attempt)) for name, attempt in points]
+    tried = held = 0
+    lacks = collections.Counter()
+    for name, attempt in attempts:
+        try:
+            wrong = attempt.result()
+        except Skip as skip:
+            lacks[str(skip)] += 1
+            continue
+        tried += 1
+        held += not wrong
+        if wrong:
+            print(f"DID NOT HOLD: {operation.name}, {fault.__name__}, {name}: {wrong}", file=sys.stderr)
+    print(f"| {operation.name} | {fault.__doc__} | {tried} | {held} |", flush=True)
+    for reason, count in lacks.items():
+        print(f"skipped: {operation.name}, {fault.__name__}, {count} points: {reason}", file=sys.stderr)
+    return tried, held
+
+
+def main():
+    faults = [globals()[name] for name in names or ["kill", "refuse", "full", "rights", "power"]]
+    print("| operation | fault | points tried | points held |\n| --- | --- | ---: | ---: |")
+    tried = held = 0
+    with concurrent.futures.ThreadPoolExecutor(2 * os.cpu_count()) as pool:
+        for fault in faults:
+            for operation in OPERATIONS:
+                try:
+                    counts = row(operation, fault, pool)
+                except Skip as skip:
+                    print(f"skipped: {fault.__name__}: {skip}", file=sys.stderr)
+                    break
+                tried, held = tried + counts[0], held + counts[1]
+    print(f"| all | | {tried} | {held} |")
+    return 1 if held < tried else 77 if tried == 0 else 0
+
+
+if __name__ == "__main__":
+    quick = "--quick" in sys.argv
+    arguments = [argument for argument in sys.argv[1:] if argument != "--quick"]
+    if not arguments:
+        sys.exit(__doc__)
+    names = arguments[1:]
+    with tempfile.TemporaryDirectory() as base:
+        os.chmod(base, 0o755)
+        driver = shutil.copy(arguments[0], base)  # where any user may start it
+        sys.exit(main())
