@@ -1,3 +1,4 @@
+#include "files/code_page.h"
 #include "playlists/playlist_file.h"
 #include "playlists/song_list.h"
 #include "playlists/title_order.h"
@@ -45,6 +46,18 @@ class PlaylistFileTest : public QObject
 {
     Q_OBJECT
 private slots:
+    void writePlaylistFile_keepsEveryByte()
+    {
+        TestFolder folder;
+        const QByteArray field = '"' + everyByte() + "\",";
+        const QByteArray file = fileOf(field + field + "\r\n" + twoLists);
+        Playlists playlists;
+        reading(file, playlists);
+        const QString name = fromCodePage(everyByte());
+        QVERIFY(writePlaylistFile(playlists, name, name, playlists.songsOf(name)).ok());
+        QCOMPARE(contents(path), file);
+    }
+
     void readPlaylistFile_readsOrRefuses_data()
     {
         QTest::addColumn<QByteArray>("file");
