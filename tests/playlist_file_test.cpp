@@ -123,6 +123,11 @@ private slots:
         QCOMPARE(contents(path),
                  fileOf("\"a\",\"9,#\",\r\n\"b\",\"2,#\",\r\n\"a\",\"9,#\",\r\n"
                         "\"A\",\"#\",\r\n\"\xe8, 'x'\",\"4,#\",\r\n"));
+        Playlists one;
+        reading(fileOf(twoLists.first(27)), one);
+        QVERIFY(deletePlaylist(one, "Sunday set").ok()); // the only one
+        QCOMPARE(contents(path), fileOf({}));
+        QCOMPARE(one.playlistSlot, 1);
         QVERIFY(deletePlaylist(playlists, "a").ok());
         QCOMPARE(contents(path), fileOf("\"b\",\"2,#\",\r\n\"A\",\"#\",\r\n\"\xe8, 'x'\",\"4,#\",\r\n"));
         const Script script(path, "playlist");
