@@ -96,12 +96,7 @@ private slots:
     void roundTrip_isByteIdentical_data()
     {
         QTest::addColumn<QByteArray>("file");
-        QByteArray anyByte;
-        for (int byte = 0; byte < 256; byte += 1) {
-            if (byte != '"' && byte != '|')
-                anyByte += static_cast<char>(byte);
-        }
-        const QString any = fromCodePage(anyByte);
+        const QString any = fromCodePage(everyByte()).remove('|');
         QTest::newRow("three records") << archiveOf(threeRecords);
         QTest::newRow("no records") << archiveOf({});
         QTest::newRow("any byte") << archiveOf({any + "|" + any + "|" + any + "|7"});
@@ -215,6 +210,17 @@ private slots:
                  "spartiti/archivio.js cannot be read (this is not a file). It is left as it is.");
         Module1 = {};
         QCOMPARE(writeArchive(1).kind, Kind::Unwritable);
+    }
+
+    void writeCsv_keepsEveryByte()
+    {
+        TestFolder folder;
+        Module1.recCount = 1;
+        Module1.recTags[1] = Module1.recAuthor[1] = Module1.recTitle[1] = fromCodePage(everyByte());
+        QVERIFY(writeCsv().ok());
+        QCOMPARE(contents("spartiti/ARCHIVIO.CSV"),
+                 "\"\"" + (",\"" + everyByte() + '"').repeated(3) + QByteArray(",\"0\"").repeated(4)
+                     + "\r\n");
     }
 
     void writeCsv_writesWhatIsInMemory()

@@ -36,12 +36,27 @@ class MidiFileTest : public QObject
 {
     Q_OBJECT
 private slots:
+    void save_without_a_change_keeps_every_byte();
     void odd_files_are_put_right_and_keep_their_texts();
     void file_that_does_not_fit_its_count_is_damaged();
     void cut_or_changed_file_loses_no_settings();
     void hundred_saves_leave_the_other_blocks_alone();
     void largest_table();
 };
+
+void MidiFileTest::save_without_a_change_keeps_every_byte()
+{
+    TestFolder folder;
+    const QByteArray field = everyByte().replace(',', "");
+    const QByteArray file =
+        header + block("1", everyByte()) + block("12", field + ',' + field + ',' + field) + trailer;
+    put(midiPath(), file);
+    MidiTable table;
+    MidiFields fields;
+    QVERIFY(readMidiFile(table).ok() && collectMidiFields(table, 12, fields) == 1);
+    QVERIFY(writeMidiFile(table, 12, fields).ok());
+    QCOMPARE(contents(midiPath()), file);
+}
 
 void MidiFileTest::odd_files_are_put_right_and_keep_their_texts()
 {

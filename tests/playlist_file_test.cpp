@@ -1,3 +1,4 @@
+#include "files/code_page.h"
 #include "playlists/playlist_file.h"
 #include "playlists/song_list.h"
 #include "playlists/title_order.h"
@@ -45,6 +46,18 @@ class PlaylistFileTest : public QObject
 {
     Q_OBJECT
 private slots:
+    void writePlaylistFile_keepsEveryByte()
+    {
+        TestFolder folder;
+        const QByteArray field = '"' + everyByte() + "\",";
+        const QByteArray file = fileOf(field + field + "\r\n" + twoLists);
+        Playlists playlists;
+        reading(file, playlists);
+        const QString name = fromCodePage(everyByte());
+        QVERIFY(writePlaylistFile(playlists, name, name, playlists.songsOf(name)).ok());
+        QCOMPARE(contents(path), file);
+    }
+
     void readPlaylistFile_readsOrRefuses_data()
     {
         QTest::addColumn<QByteArray>("file");
@@ -110,6 +123,11 @@ private slots:
         QCOMPARE(contents(path),
                  fileOf("\"a\",\"9,#\",\r\n\"b\",\"2,#\",\r\n\"a\",\"9,#\",\r\n"
                         "\"A\",\"#\",\r\n\"\xe8, 'x'\",\"4,#\",\r\n"));
+        Playlists one;
+        reading(fileOf(twoLists.first(27)), one);
+        QVERIFY(deletePlaylist(one, "Sunday set").ok()); // the only one
+        QCOMPARE(contents(path), fileOf({}));
+        QCOMPARE(one.playlistSlot, 1);
         QVERIFY(deletePlaylist(playlists, "a").ok());
         QCOMPARE(contents(path), fileOf("\"b\",\"2,#\",\r\n\"A\",\"#\",\r\n\"\xe8, 'x'\",\"4,#\",\r\n"));
         const Script script(path, "playlist");

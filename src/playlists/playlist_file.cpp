@@ -118,13 +118,18 @@ Result createPlaylistFile()
     return writeAll({});
 }
 
+static void endBehind(Playlists &playlists, int count)
+{
+    playlists.playlistSlot = count + 1;
+    playlists.playlistName[static_cast<size_t>(count) + 1] = QLatin1String(closingToken);
+}
+
 static void append(Playlists &playlists, const QString &name, const QString &songs)
 {
-    playlists.playlistSlot = playlists.count() + 2;
-    const auto closing = static_cast<size_t>(playlists.playlistSlot);
-    playlists.playlistName[closing - 1] = name;
-    playlists.playlistSongs[closing - 1] = songs;
-    playlists.playlistName[closing] = QLatin1String(closingToken);
+    const int slot = playlists.count() + 1;
+    playlists.playlistName[static_cast<size_t>(slot)] = name;
+    playlists.playlistSongs[static_cast<size_t>(slot)] = songs;
+    endBehind(playlists, slot);
 }
 
 static Result rewrite(Playlists &playlists, Playlists &changed)
@@ -159,8 +164,7 @@ Result writePlaylistFile(Playlists &playlists, const QString &name, const QStrin
 Result deletePlaylist(Playlists &playlists, const QString &name)
 {
     Playlists changed;
-    changed.playlistSlot = 1;
-    changed.playlistName[1] = QLatin1String(closingToken);
+    endBehind(changed, 0);
     for (size_t i = 1; i <= static_cast<size_t>(playlists.count()); i += 1) {
         if (playlists.playlistName[i] != name)
             append(changed, playlists.playlistName[i], playlists.playlistSongs[i]);

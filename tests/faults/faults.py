@@ -393,6 +393,7 @@ if __name__ == "__main__":
     if not arguments:
         sys.exit(__doc__)
     names = arguments[1:]
+    os.environ.setdefault("ASAN_OPTIONS", "detect_leaks=0")  # which strace does not let work
     with tempfile.TemporaryDirectory() as base:
         os.chmod(base, 0o755)
         driver = shutil.copy(arguments[0], base)  # where any user may start it

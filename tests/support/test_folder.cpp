@@ -45,6 +45,16 @@ QStringList namesIn(const QString &folder)
     return names;
 }
 
+QByteArray everyByte()
+{
+    QByteArray bytes;
+    for (int byte = 0; byte < 256; byte += 1) {
+        if (byte != '"')
+            bytes += static_cast<char>(byte);
+    }
+    return bytes;
+}
+
 QByteArray archiveOf(const QStringList &records)
 {
     QByteArray bytes("var archivio = [\r\n");

@@ -29,6 +29,9 @@ QByteArray contents(const QString &path);
 // The names in a folder, hidden ones too, sorted; folders end in a slash.
 QStringList namesIn(const QString &folder);
 
+// All bytes that a field can hold: 256 but for the double quote.
+QByteArray everyByte();
+
 // An archive file of these records, each "title|author|tags|category".
 QByteArray archiveOf(const QStringList &records);
 // Writes spartiti/archivio.js of these records.
