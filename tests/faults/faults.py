@@ -173,7 +173,7 @@ class Stand:
                 wrong = "the next start does not get on with it"
             return wrong
 
-    def calls(self, *choice):
+    def calls(self, *choice, loading=True):
         """The system calls of a run without a fault: (name, its number among those of this name)."""
         trace = self.folder + ".trace"
         with self.copy() as folder:
@@ -185,7 +185,7 @@ class Stand:
             for name in re.findall(r"^(\w+)\(", file.read(), re.MULTILINE):
                 counts[name] += 1
                 calls.append((name, counts[name]))
-        return calls[calls.index(("chdir", 1)) + 1:] if quick else calls
+        return calls if loading and not quick else calls[calls.index(("chdir", 1)) + 1:]
 
 
 def need(*tools):
@@ -339,7 +339,7 @@ def power(operation):
     shutil.copytree(stand.folder, stand.folder + ".parent/stand")
     image = image_of(stand)
     changing = re.compile("open|creat|write|sync|link|rename|mkdir|truncate|chmod|close|exit")
-    points = [call for call in stand.calls() if changing.search(call[0])]
+    points = [call for call in stand.calls(loading=False) if changing.search(call[0])]
     for options in ("data=ordered", "data=writeback,noauto_da_alloc"):
         for flag in (1, 2):  # with and without a last write of the journal
             for name, number in points:
