@@ -3,7 +3,7 @@
 #include "controls/file_list.h"
 #include "controls/folder_list.h"
 #include "main/Form1.h"
-#include "support/lists.h"
+#include "support/windows.h"
 #include "support/ratio.h"
 
 #include <QApplication>

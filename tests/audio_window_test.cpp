@@ -1,26 +1,16 @@
-#include "archive/Module1.h"
-#include "main/Form1.h"
-#include "support/lists.h"
+#include "support/windows.h"
 
 #include <QDir>
-#include <QLabel>
-#include <QPushButton>
 
-// The main window on record 3 of three, with a recording to pick.
-struct Stand {
-    TestFolder folder;
+// The program on record 3 of three, with a recording to pick.
+struct Stand : Program {
     QString song = QDir::current().filePath("songs/a.mp3");
-    Form1 form1;
-    BoxAnswers boxes;
 
     Stand()
     {
-        putArchive({"One|||0", "Two|||0", "Three|||7"});
-        put("spartiti/generi.js",
-            "head\r\n" + QByteArray("\"Rock & Roll\",\r\n").repeated(32) + "\"\",\r\n];\r\n");
+        put("spartiti/generi.js", fileOf("generi", linesOf(QString("Rock & Roll|").repeated(32))));
         put("spartiti/audio/3.mp3", "old");
         put(song, "song a");
-        form1.show();
     }
 };
 
@@ -31,12 +21,7 @@ static void pickSong()
     clickFile("mp3", "a.mp3");
 }
 
-static QString caption(int index)
-{
-    return control<QPushButton>("mp3", indexed("Command3", index))->text();
-}
-
-class AudioWindowTest : public QObject
+class AudioWindowTest : public WindowTest
 {
     Q_OBJECT
 private slots:
@@ -44,58 +29,35 @@ private slots:
     {
         const Stand stand;
         pickSong();
-        QCOMPARE(caption(32), "Rock && Roll");
-        QCOMPARE(caption(33), QString());
-        QTest::keyClick(control("Form1", "VScroll1"), Qt::Key_Up);
-        click("mp3", indexed("Command3", 33));
+        QCOMPARE(textOf("mp3", "Command3(32)") + textOf("mp3", "Command3(33)"), "Rock && Roll");
+        press("Form1", "VScroll1", Qt::Key_Up);
+        click("mp3", "Command3(33)");
         QVERIFY(!windowNamed("mp3"));
-        QCOMPARE(Module1.recCategory[3], "33");
-        QVERIFY(Module1.archiveChanged);
-        QCOMPARE(contents("spartiti/audio/2.mp3"), "song a");
-        QCOMPARE(contents("spartiti/audio/3.mp3"), "old");
+        QVERIFY(Module1.recCategory[3] == "33" && Module1.archiveChanged);
+        QCOMPARE(contents("spartiti/audio/2.mp3") + contents("spartiti/audio/3.mp3"), "song aold");
         click("Form1", "Command2");
-        click("mp3", indexed("Command3", 1));
+        click("mp3", "Command3(1)");
         QCOMPARE(Module1.recCategory[2], "1");
-        QVERIFY(stand.boxes.texts.isEmpty());
-    }
-
-    void closing_keepsThePickAndTheCloseBoxDropsIt()
-    {
-        const Stand stand;
-        pickSong();
-        click("mp3", "Command1");
-        QFile::remove("spartiti/generi.js");
-        click("Form1", "Command2");
-        QCOMPARE(control<QLabel>("mp3", "Label1")->text(), stand.song);
-        QCOMPARE(caption(1), "Rock && Roll");
-        windowNamed("mp3")->close();
-        click("Form1", "Command2");
-        QCOMPARE(caption(1), "1");
-        QCOMPARE(stand.boxes.texts,
-                 QStringList("A category without a name is shown by its number.\n"
-                             "spartiti/generi.js: there is no such file"));
+        QVERIFY(stand.told.isEmpty());
     }
 
     void failure_harmsNeitherCategoryNorRecording()
     {
         const Stand stand;
         pickSong();
-        openFolder("mp3", QDir::current().dirName());
-        click("mp3", indexed("Command3", 9));
-        pickSong();
         QFile::remove(stand.song);
-        click("mp3", indexed("Command3", 9));
-        QCOMPARE(
-            stand.boxes.texts,
-            QStringList({"You must select an mp3 file!",
-                         "Neither the category nor the recording was stored; both are as they were before.\n"
-                             + stand.song + ": there is no such file"}));
-        QVERIFY(windowNamed("mp3"));
-        QCOMPARE(Module1.recCategory[3], "7");
-        QVERIFY(!Module1.archiveChanged);
+        click("mp3", "Command3(9)");
+        QVERIFY(stand.told.value(0).startsWith("Neither the category nor the recording was stored;"));
+        QVERIFY(Module1.recCategory[3] == "7" && !Module1.archiveChanged);
         QCOMPARE(contents("spartiti/audio/3.mp3"), "old");
+        windowNamed("mp3")->close();
+        QFile::remove("spartiti/generi.js");
+        click("Form1", "Command2");
+        QCOMPARE(textOf("mp3", "Command3(1)"), "1");
+        click("mp3", "Command3(1)"); // the pick has gone with the window
+        QCOMPARE(stand.told.last(), "You must select an mp3 file!");
     }
 };
 
-WINDOW_TEST_MAIN(AudioWindowTest)
+QTEST_MAIN(AudioWindowTest)
 #include "audio_window_test.moc"

@@ -1,4 +1,3 @@
-#include "files/code_page.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
 #include "support/test_folder.h"
@@ -9,115 +8,47 @@
 
 using Kind = Result::Kind;
 
+static constexpr rlim_t plenty = 1'000'000'000;
+
 class FilesTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void codePage_everyByteSurvives()
-    {
-        QByteArray all;
-        for (int byte = 0; byte < 256; byte += 1)
-            all += static_cast<char>(byte);
-        QCOMPARE(toCodePage(fromCodePage(all)), all);
-        QCOMPARE(fromCodePage("\x80\x81\x8A\xE9\xFF"), QStringLiteral("€\u0081Šéÿ"));
-        QVERIFY(isInCodePage(u'œ') && !isInCodePage(u'ő') && !isInCodePage(u'\u0080'));
-        QCOMPARE(toCodePage(u"ő→x"), QByteArray("??x"));
-    }
-
-    void paths_areThoseOfTheViewer()
-    {
-        QCOMPARE(pagePath(7, Page::Left), "./spartiti/7L.jpg");
-        QCOMPARE(pagePath(9999, Page::Right, "/media/a 'stick'/"), "/media/a 'stick'//spartiti/9999R.jpg");
-        QCOMPARE(recordingPath(12), "./spartiti/audio/12.mp3");
-        QCOMPARE(shownPath(archivePath()), "spartiti/archivio.js");
-        QCOMPARE(archivePath("/"), "//spartiti/archivio.js");
-    }
-
-    void replaceFile_isOldOrNew_data()
-    {
-        QTest::addColumn<qint64>("room");
-        QTest::addColumn<bool>("written");
-        QTest::newRow("room enough") << qint64{1'000'000} << true;
-        QTest::newRow("no room at all") << qint64{0} << false;
-        QTest::newRow("full in the middle") << qint64{40'000} << false;
-        QTest::newRow("full before the last byte") << qint64{99'999} << false;
-    }
-
     void replaceFile_isOldOrNew()
     {
-        QFETCH(qint64, room);
-        QFETCH(bool, written);
-        TestFolder folder;
-        put("spartiti/a.js", "old");
         const QByteArray bytes(100'000, 'n');
-        Result result;
-        {
-            FullDisk disk(room);
-            result = replaceFile("./spartiti/a.js", bytes);
+        for (const rlim_t room : {plenty, rlim_t{0}, rlim_t{40'000}, rlim_t{99'999}}) {
+            const TestFolder folder;
+            put("spartiti/a.js", "old");
+            const FullDisk disk(room);
+            QCOMPARE(replaceFile("./spartiti/a.js", bytes).reason, room == plenty ? "" : "File too large");
+            QCOMPARE(contents("spartiti/a.js"), room == plenty ? bytes : QByteArray("old"));
+            QCOMPARE(namesIn("spartiti"), QStringList("a.js"));
         }
-        QCOMPARE(result.ok(), written);
-        QCOMPARE(contents("spartiti/a.js"), written ? bytes : QByteArray("old"));
-        QCOMPARE(namesIn("spartiti"), QStringList{"a.js"});
-        if (!written)
-            QCOMPARE(result.text(), "spartiti/a.js: File too large");
     }
 
-    void replaceFile_makesItsFolderAndSparesOthers()
+    void copyFile_copiesEveryByteOrLeavesTheTarget()
     {
-        TestFolder folder;
-        QVERIFY(replaceFile("./spartiti/audio/a.mp3", "x").ok());
-        QCOMPARE(contents("spartiti/audio/a.mp3"), "x");
-        QVERIFY(QDir().mkdir("folder"));
-        QCOMPARE(replaceFile("folder", "x").kind, Kind::Unwritable);
-        QCOMPARE(replaceFile("spartiti/audio/a.mp3/b", "x").kind, Kind::Unwritable);
-        QVERIFY(QFile::link("spartiti/audio/a.mp3", "link"));
-        QVERIFY(replaceFile("link", "y").ok());
-        QCOMPARE(contents("spartiti/audio/a.mp3"), "y");
-    }
-
-    void copyFile_copiesEveryByte()
-    {
-        TestFolder folder;
-        const QByteArray bytes = QByteArray(3'000'000, 'x') + QByteArray("\0\r\n\x1A", 4);
-        put("scans/à l'ami \"1\".jpg", bytes);
-        QVERIFY(QFile::link(folder.path() + "/scans/à l'ami \"1\".jpg", "link.jpg"));
-        QVERIFY(copyFile("link.jpg", pagePath(3, Page::Left)).ok());
-        QCOMPARE(contents("spartiti/3L.jpg"), bytes);
-        QVERIFY(copyFile("spartiti/3L.jpg", pagePath(3, Page::Left)).ok());
-        QVERIFY(copyFile("link.jpg", "scans/à l'ami \"1\".jpg").ok());
-        QCOMPARE(contents("scans/à l'ami \"1\".jpg"), bytes);
-    }
-
-    void copyFile_failingLeavesTheTarget_data()
-    {
-        QTest::addColumn<QString>("source");
-        QTest::addColumn<qint64>("room");
-        QTest::addColumn<int>("kind");
-        const qint64 plenty = 1'000'000'000;
-        QTest::newRow("no source") << "gone.jpg" << plenty << int(Kind::Missing);
-        QTest::newRow("dangling link") << "dangling" << plenty << int(Kind::Missing);
-        QTest::newRow("a folder") << "scans" << plenty << int(Kind::Unreadable);
-        QTest::newRow("nothing chosen") << "" << plenty << int(Kind::Missing);
-        QTest::newRow("disk full") << "scans/a.jpg" << qint64{1'500'000} << int(Kind::Unwritable);
-    }
-
-    void copyFile_failingLeavesTheTarget()
-    {
-        QFETCH(QString, source);
-        QFETCH(qint64, room);
-        TestFolder folder;
-        put("scans/a.jpg", QByteArray(2'000'000, 'x'));
-        put("spartiti/1L.jpg", "old");
-        QVERIFY(QFile::link("nowhere", "dangling"));
-        Result result;
-        {
-            FullDisk disk(room);
-            result = copyFile(source, pagePath(1, Page::Left));
+        const QByteArray bytes = QByteArray(2'000'000, 'x') + QByteArray("\0\r\n\x1A", 4);
+        const QString odd = "scans/à l'ami \"1\".jpg", target = pagePath(1, Page::Left);
+        const std::tuple<QString, rlim_t, Kind> rows[] = {
+            {odd, plenty, Kind::Fine},           {"link", plenty, Kind::Fine},
+            {target, plenty, Kind::Fine},        {"gone.jpg", plenty, Kind::Missing},
+            {"dangling", plenty, Kind::Missing}, {"scans", plenty, Kind::Unreadable},
+            {"", plenty, Kind::Missing},         {odd, 1'500'000, Kind::Unwritable},
+        };
+        for (const auto &[source, room, kind] : rows) {
+            const TestFolder folder;
+            put(odd, bytes);
+            put(target, "old");
+            QVERIFY(QFile::link("nowhere", "dangling") && QFile::link(odd, "link"));
+            const FullDisk disk(room);
+            const Result result = copyFile(source, target);
+            QCOMPARE(result.kind, kind);
+            QCOMPARE(contents(target), result.ok() && source != target ? bytes : QByteArray("old"));
+            QCOMPARE(namesIn("spartiti"), QStringList("1L.jpg"));
+            QCOMPARE(contents(odd), bytes);
         }
-        QTEST(int(result.kind), "kind");
-        QVERIFY(!result.reason.isEmpty());
-        QCOMPARE(contents("spartiti/1L.jpg"), "old");
-        QCOMPARE(namesIn("spartiti"), QStringList{"1L.jpg"});
     }
 };
 

@@ -1,97 +1,26 @@
+#include "files/code_page.h"
 #include "files/data_folder.h"
 #include "midi/midi_file.h"
 #include "support/test_folder.h"
 
-#include <QRandomGenerator>
 #include <QSet>
 #include <QTest>
 
 using Kind = Result::Kind;
 
-static const QByteArray header("var midi = [\r\n");
-static const QByteArray trailer(" ];\r\n");
-
-static QByteArray row(const QByteArray &text)
-{
-    return '"' + text + "\",\r\n";
-}
-
 // A block whose rows all hold `text`.
-static QByteArray block(const QByteArray &number, const QByteArray &text)
+static QByteArray block(const QString &number, const QString &text)
 {
-    return row(number) + row(text).repeated(16);
+    return linesOf(number + ('|' + text).repeated(16));
 }
 
 // The texts of 48 boxes, alike in every row.
-static MidiFields fieldsOf(const QString &msb, const QString &lsb, const QString &pc)
+static MidiFields fieldsOf(const QString &pc)
 {
     MidiFields fields;
-    fields.midiFieldMsb.fill(msb);
-    fields.midiFieldLsb.fill(lsb);
+    fields.midiFieldMsb.fill("121");
     fields.midiFieldPc.fill(pc);
     return fields;
-}
-
-class MidiFileTest : public QObject
-{
-    Q_OBJECT
-private slots:
-    void save_without_a_change_keeps_every_byte();
-    void odd_files_are_put_right_and_keep_their_texts();
-    void file_that_does_not_fit_its_count_is_damaged();
-    void cut_or_changed_file_loses_no_settings();
-    void hundred_saves_leave_the_other_blocks_alone();
-    void largest_table();
-};
-
-void MidiFileTest::save_without_a_change_keeps_every_byte()
-{
-    TestFolder folder;
-    const QByteArray field = everyByte().replace(',', "");
-    const QByteArray file =
-        header + block("1", everyByte()) + block("12", field + ',' + field + ',' + field) + trailer;
-    put(midiPath(), file);
-    MidiTable table;
-    MidiFields fields;
-    QVERIFY(readMidiFile(table).ok() && collectMidiFields(table, 12, fields) == 1);
-    QVERIFY(writeMidiFile(table, 12, fields).ok());
-    QCOMPARE(contents(midiPath()), file);
-}
-
-void MidiFileTest::odd_files_are_put_right_and_keep_their_texts()
-{
-    const QByteArray odd = block("-5", "word") + block("65548", QByteArray(50, ',')) + block("0", "\xE9\x81")
-        + block("99999999999999999999", "") + block(" 8 ", "1,2,3,4");
-    const QByteArray saved = row("121,,5").repeated(16);
-    const QByteArray before = block("012", "1,2,3") + odd + block("12", "4,5,6");
-    QByteArray otherwise = "midi = [\n  " + before + "]\n\n";
-    otherwise.replace("\r\n", " \n");
-    for (const QByteArray &bytes : {header + before + trailer, otherwise}) {
-        TestFolder folder;
-        MidiTable table;
-        put(midiPath(), bytes);
-        QVERIFY(readMidiFile(table).ok());
-        for (const char *pc : {"7777", "5", "5"}) { // each save starts from what the one before left
-            QVERIFY(writeMidiFile(table, 12, fieldsOf("121", "", pc)).ok());
-            QCOMPARE(contents(midiPath()), table.bytes);
-        }
-        QCOMPARE(table.bytes, header + row("012") + saved + odd + row("12") + saved + trailer);
-    }
-}
-
-void MidiFileTest::file_that_does_not_fit_its_count_is_damaged()
-{
-    TestFolder folder;
-    const QByteArray two = header + block("1", "1,2,3") + block("2", "1,2,3");
-    const QByteArray shifted = row("1") + row(",,").repeated(15) + block("2", ",,") + row(",,");
-    for (const QByteArray &bytes :
-         {two + row("1,2,3") + trailer, two + row("1,2,3"), two + trailer + "x = 1\r\n", QByteArray(),
-          header + shifted + block("3", ",,") + trailer, header + block("one", ",,") + trailer,
-          two.sliced(header.size()) + trailer}) {
-        put(midiPath(), bytes);
-        MidiTable table;
-        QVERIFY2(readMidiFile(table).kind == Kind::Damaged, bytes);
-    }
 }
 
 static QSet<QByteArray> textsOf(QByteArray bytes)
@@ -102,70 +31,116 @@ static QSet<QByteArray> textsOf(QByteArray bytes)
     return {texts.begin(), texts.end()};
 }
 
-// Each file is refused or told of, or stands as written, or a save carries along every text in it.
-void MidiFileTest::cut_or_changed_file_loses_no_settings()
+class MidiFileTest : public QObject
 {
-    TestFolder folder;
-    QByteArray blocks;
-    for (int line = 0; line < 34; line += 1)
-        blocks += row(QByteArray::number(300 + line) + (line % 17 == 0 ? "" : ",5x,y"));
-    const QByteArray whole = header + blocks + trailer;
-    for (qsizetype at = header.size(); at < whole.size() - trailer.size() - 1; at += 1) {
-        put(midiPath(), whole.first(at));
-        MidiTable cut;
-        QVERIFY(!readMidiFile(cut).ok() || (cut.endMissing && cut.block.back().start + 2 > at));
-        for (const char byte : {'"', ',', '\n', ' ', '\0'}) {
-            const QByteArray changed = whole.first(at) + byte + whole.sliced(at + 1);
-            put(midiPath(), changed);
+    Q_OBJECT
+private slots:
+    void saveWithoutAChange_keepsEveryByte()
+    {
+        const TestFolder folder;
+        const QString any = fromCodePage(everyByte()).remove('|'), field = QString(any).remove(',');
+        const QByteArray file =
+            fileOf("midi", block("1", any) + block("12", field + ',' + field + ',' + field));
+        put(midiPath(), file);
+        MidiTable table;
+        MidiFields fields;
+        QVERIFY(readMidiFile(table).ok() && collectMidiFields(table, 12, fields) == 1);
+        QVERIFY(writeMidiFile(table, 12, fields).ok());
+        QCOMPARE(contents(midiPath()), file);
+    }
+
+    void oddFile_isPutRightAndKeepsItsTexts()
+    {
+        const QByteArray odd = block("-5", "word") + block("65548", QString(50, ',')) + block("0", "é\u0081")
+            + block("99999999999999999999", "") + block(" 8 ", "1,2,3,4");
+        const QByteArray before = fileOf("midi", block("012", "1,2,3") + odd + block("12", "4,5,6"));
+        QByteArray otherwise = before;
+        otherwise.replace("var midi", "midi").replace("];", "]").replace("\r\n", " \n");
+        for (const QByteArray &bytes : {before, otherwise}) {
+            const TestFolder folder;
             MidiTable table;
-            if (!readMidiFile(table).ok() || table.asWritten)
-                continue;
-            QVERIFY(writeMidiFile(table, 7, {}).ok());
-            const QByteArray before = changed.sliced(header.size(), blocks.size() - 1);
-            QVERIFY2((textsOf(before) - textsOf(table.bytes)).isEmpty(), changed);
+            put(midiPath(), bytes);
+            QVERIFY(readMidiFile(table).ok());
+            QVERIFY(writeMidiFile(table, 12, fieldsOf("7777")).ok()); // the next starts from what it left
+            QVERIFY(writeMidiFile(table, 12, fieldsOf("5")).ok());
+            QCOMPARE(contents(midiPath()),
+                     fileOf("midi", block("012", "121,,5") + odd + block("12", "121,,5")));
         }
     }
-}
 
-void MidiFileTest::hundred_saves_leave_the_other_blocks_alone()
-{
-    TestFolder folder;
-    QRandomGenerator random(5);
-    QList<QPair<int, QByteArray>> blocks;
-    for (int save = 0; save < 100; save += 1) {
-        const int song = random.bounded(1, 30);
-        const QByteArray value = QByteArray::number(random.bounded(1000));
-        MidiTable table;
-        QCOMPARE(readMidiFile(table).ok(), save > 0);
-        QVERIFY(writeMidiFile(table, song, fieldsOf(value, "", "1")).ok());
-        auto saved = std::find_if(blocks.begin(), blocks.end(), [&](auto &one) { return one.first == song; });
-        if (saved == blocks.end())
-            saved = blocks.insert(saved, {song, {}});
-        saved->second = block(QByteArray::number(song), value + ",,1");
-        QByteArray expected = header;
-        for (const auto &[number, bytes] : blocks)
-            expected += bytes;
-        QCOMPARE(contents(midiPath()), expected + trailer);
+    void fileThatDoesNotFitItsCount_isDamaged()
+    {
+        const TestFolder folder;
+        const QByteArray two = block("1", "1,2,3") + block("2", "1,2,3");
+        const QByteArray shifted =
+            linesOf("1" + QString("|,,").repeated(15)) + block("2", ",,") + linesOf(",,");
+        for (const QByteArray &bytes :
+             {fileOf("midi", two + linesOf("1,2,3")), fileOf("midi", two + linesOf("1,2,3")).chopped(5),
+              fileOf("midi", two) + "x = 1\r\n", QByteArray(), fileOf("midi", shifted + block("3", ",,")),
+              fileOf("midi", block("one", ",,")), two + " ];\r\n"}) {
+            put(midiPath(), bytes);
+            MidiTable table;
+            QVERIFY2(readMidiFile(table).kind == Kind::Damaged, bytes);
+        }
     }
-}
 
-void MidiFileTest::largest_table()
-{
-    TestFolder folder;
-    QByteArray bytes = header;
-    for (int song = 1; song <= MidiTable::lastBlock; song += 1)
-        bytes += block(QByteArray::number(song), "000,000,000");
-    put(midiPath(), bytes + trailer);
-    MidiTable table;
-    QVERIFY(readMidiFile(table).ok());
-    QCOMPARE(table.midiBlockNumber(MidiTable::lastBlock), "170000");
-    const auto besides = static_cast<qsizetype>(table.block.capacity() * sizeof(table.block[0]));
-    QVERIFY(10 * (table.bytes.capacity() + besides) < 22 * bytes.size());
-    QCOMPARE(writeMidiFile(table, 0, {}).kind, Kind::Refused);
-    put(midiPath(), bytes + block("170001", "000,000,000") + trailer);
-    QCOMPARE(readMidiFile(table).kind, Kind::TooLarge);
-    QCOMPARE(table.midiBlockCount, MidiTable::lastBlock);
-}
+    // Each file is refused or told of, or stands as written, or a save carries along every text in it.
+    void cutOrChangedAnywhere_losesNoSettings()
+    {
+        const TestFolder folder;
+        QByteArray blocks;
+        for (int line = 0; line < 34; line += 1)
+            blocks += linesOf(QString::number(300 + line) + (line % 17 == 0 ? "" : ",5x,y"));
+        const QByteArray whole = fileOf("midi", blocks);
+        const qsizetype first = whole.indexOf(blocks);
+        for (qsizetype at = first; at < first + blocks.size() - 1; at += 1) {
+            put(midiPath(), whole.first(at));
+            MidiTable cut;
+            QVERIFY(!readMidiFile(cut).ok() || (cut.endMissing && cut.block.back().start + 2 > at));
+            for (const char byte : {'"', ',', '\n', ' ', '\0'}) {
+                const QByteArray changed = whole.first(at) + byte + whole.sliced(at + 1);
+                put(midiPath(), changed);
+                MidiTable table;
+                if (!readMidiFile(table).ok() || table.asWritten)
+                    continue;
+                QVERIFY(writeMidiFile(table, 7, {}).ok());
+                const QByteArray before = changed.sliced(first, blocks.size() - 1);
+                QVERIFY2((textsOf(before) - textsOf(table.bytes)).isEmpty(), changed);
+            }
+        }
+    }
+
+    void saves_changeTheirSongAlone()
+    {
+        const TestFolder folder;
+        QMap<int, QByteArray> blocks;
+        MidiTable kept; // one that outlives its saves, beside one read afresh for each
+        const std::pair<int, QString> saves[] = {{3, "1"}, {7, "22"}, {3, "333"}, {9, "4"}, {7, ""}};
+        for (const auto &[song, pc] : saves) {
+            blocks[song] = block(QString::number(song), "121,," + pc);
+            MidiTable fresh;
+            (void)readMidiFile(fresh);
+            for (MidiTable *table : {&fresh, &kept}) {
+                QVERIFY(writeMidiFile(*table, song, fieldsOf(pc)).ok());
+                QCOMPARE(contents(midiPath()), fileOf("midi", blocks.values().join()));
+            }
+        }
+    }
+
+    void largestTable_isReadAndTakesNoMore()
+    {
+        const TestFolder folder;
+        QByteArray blocks;
+        for (int song = 1; song <= MidiTable::lastBlock; song += 1)
+            blocks += block(QString::number(song), "000,000,000");
+        put(midiPath(), fileOf("midi", blocks));
+        MidiTable table;
+        QVERIFY(readMidiFile(table).ok() && table.midiBlockNumber(MidiTable::lastBlock) == "170000");
+        QCOMPARE(writeMidiFile(table, 0, {}).kind, Kind::Refused);
+        put(midiPath(), fileOf("midi", blocks + block("170001", "000,000,000")));
+        QCOMPARE(readMidiFile(table).kind, Kind::TooLarge);
+    }
+};
 
 QTEST_APPLESS_MAIN(MidiFileTest)
 #include "midi_file_test.moc"

@@ -8,7 +8,6 @@
 #include <QFileInfo>
 
 #include <csignal>
-#include <sys/resource.h>
 
 TestFolder::TestFolder()
     : before_(QDir::currentPath())
@@ -38,11 +37,18 @@ QByteArray contents(const QString &path)
 
 QStringList namesIn(const QString &folder)
 {
-    QStringList names;
     const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
-    for (const QFileInfo &entry : QDir(folder).entryInfoList(all, QDir::Name))
-        names += entry.fileName() + (entry.isDir() ? "/" : "");
-    return names;
+    return QDir(folder).entryList(all, QDir::Name);
+}
+
+QByteArray linesOf(const QString &fields)
+{
+    return '"' + toCodePage(fields).replace("|", "\",\r\n\"") + "\",\r\n";
+}
+
+QByteArray fileOf(const QByteArray &array, const QByteArray &lines)
+{
+    return "var " + array + " = [\r\n" + lines + " ];\r\n";
 }
 
 QByteArray everyByte()
@@ -57,13 +63,10 @@ QByteArray everyByte()
 
 QByteArray archiveOf(const QStringList &records)
 {
-    QByteArray bytes("var archivio = [\r\n");
-    for (qsizetype i = 0; i < records.size(); i += 1) {
-        const QStringList fields = QStringList(QString::number(i + 1)) + records[i].split('|');
-        for (const QString &field : fields)
-            bytes += '"' + toCodePage(field) + "\",\r\n";
-    }
-    return bytes + " ];\r\n";
+    QByteArray lines;
+    for (qsizetype i = 0; i < records.size(); i += 1)
+        lines += linesOf(QString::number(i + 1) + '|' + records[i]);
+    return fileOf("archivio", lines);
 }
 
 void putArchive(const QStringList &records)
@@ -71,20 +74,10 @@ void putArchive(const QStringList &records)
     put("spartiti/archivio.js", archiveOf(records));
 }
 
-FullDisk::FullDisk(qint64 bytes)
+FullDisk::FullDisk(rlim_t bytes)
 {
     std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    before_ = limit.rlim_cur;
-    limit.rlim_cur = static_cast<rlim_t>(bytes);
-    setrlimit(RLIMIT_FSIZE, &limit);
-}
-
-FullDisk::~FullDisk()
-{
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    limit.rlim_cur = before_;
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
     setrlimit(RLIMIT_FSIZE, &limit);
 }

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "files/result.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
 
-#include "files/result.h"
+#include <sys/resource.h>
 
 // A fresh folder that is the working directory, with a fresh Module1, for as long as the object lives.
 class TestFolder
@@ -14,8 +16,6 @@ class TestFolder
 public:
     TestFolder();
     ~TestFolder();
-
-    QString path() const { return folder_.path(); }
 
 private:
     QString before_;
@@ -26,12 +26,16 @@ private:
 void put(const QString &path, const QByteArray &bytes);
 // What a file holds; "(missing)" where there is none.
 QByteArray contents(const QString &path);
-// The names in a folder, hidden ones too, sorted; folders end in a slash.
+// The names in a folder, hidden ones too, sorted.
 QStringList namesIn(const QString &folder);
 
 // All bytes that a field can hold: 256 but for the double quote.
 QByteArray everyByte();
 
+// The lines of a data file for these fields, "one|next|...", each in its quotes on a line of its own.
+QByteArray linesOf(const QString &fields);
+// A data file of these lines.
+QByteArray fileOf(const QByteArray &array, const QByteArray &lines);
 // An archive file of these records, each "title|author|tags|category".
 QByteArray archiveOf(const QStringList &records);
 // Writes spartiti/archivio.js of these records.
@@ -42,9 +46,9 @@ void putArchive(const QStringList &records);
 class FullDisk
 {
 public:
-    explicit FullDisk(qint64 bytes);
-    ~FullDisk();
+    explicit FullDisk(rlim_t bytes);
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
 
 private:
-    unsigned long before_ = 0;
+    rlimit before_{};
 };

@@ -3,8 +3,10 @@
 #include "controls/look.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 
 QWidget *windowNamed(const QString &name)
 {
@@ -15,13 +17,31 @@ QWidget *windowNamed(const QString &name)
     return nullptr;
 }
 
+QString textOf(const QString &window, const QString &name)
+{
+    return control(window, name)->property("text").toString();
+}
+
+static QStringList rowsOf(const QAbstractItemModel *model, const QModelIndex &parent = {})
+{
+    QStringList rows;
+    for (int row = 0; row < model->rowCount(parent); row += 1) {
+        const QModelIndex index = model->index(row, 0, parent);
+        rows += (index.data(Qt::CheckStateRole) == Qt::Checked ? "+" : "") + index.data().toString();
+        rows += rowsOf(model, index);
+    }
+    return rows;
+}
+
+QStringList shownRows(const QString &window, const QString &list)
+{
+    return rowsOf(control<QAbstractItemView>(window, list)->model());
+}
+
 void waitUntilActive(const QString &window)
 {
-    QWidget *shown = windowNamed(window);
-    if (shown)
-        shown->activateWindow(); // the offscreen platform hands nothing back when a box closes
-    if (!shown || !QTest::qWaitForWindowActive(shown))
-        qFatal("the window %s does not become active", qPrintable(window));
+    windowNamed(window)->activateWindow(); // the offscreen platform hands nothing back when a box closes
+    QVERIFY(QTest::qWaitForWindowActive(windowNamed(window)));
 }
 
 void click(const QString &window, const QString &name)
@@ -29,37 +49,83 @@ void click(const QString &window, const QString &name)
     QTest::mouseClick(control(window, name), Qt::LeftButton);
 }
 
+void clickWithFullDisk(const QString &window, const QString &name, rlim_t room)
+{
+    const FullDisk disk(room);
+    click(window, name);
+}
+
+void clickRow(const QString &window, const QString &list, int row, int x)
+{
+    auto *view = control<QAbstractItemView>(window, list);
+    view->scrollTo(view->model()->index(row, 0));
+    const QRect place = view->visualRect(view->model()->index(row, 0));
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, {place.left() + x, place.center().y()});
+}
+
+// The middle of the last row of that name.
+static QPoint placeOf(QAbstractItemView *list, const QString &name)
+{
+    const auto rows = list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, name, -1,
+                                           Qt::MatchExactly | Qt::MatchRecursive);
+    list->scrollTo(rows.constLast());
+    return list->visualRect(rows.constLast()).center();
+}
+
+void clickFile(const QString &window, const QString &file, Qt::KeyboardModifiers held)
+{
+    auto *list = control<QAbstractItemView>(window, "File1");
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, held, placeOf(list, file));
+}
+
+void openFolder(const QString &window, const QString &folder)
+{
+    auto *list = control<QAbstractItemView>(window, "Dir1");
+    const QPoint place = placeOf(list, folder);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
+}
+
+void type(const QString &window, const QString &box, const QString &text)
+{
+    control<QLineEdit>(window, box)->selectAll();
+    QTest::keyClicks(control(window, box), text);
+}
+
+void press(const QString &window, const QString &name, Qt::Key key, Qt::KeyboardModifiers held)
+{
+    QTest::keyClick(control(window, name), key, held);
+}
+
 void chooseMenu(const QString &entry)
 {
     control<QAction>("Form1", entry)->trigger();
 }
 
-BoxAnswers::BoxAnswers(QList<QMessageBox::StandardButton> answers)
-    : answers_(std::move(answers))
+Program::Program(const QByteArray &archive, const QList<Answer> &ahead)
+    : answers(ahead)
 {
-    QObject::connect(&timer_, &QTimer::timeout, [this] { answer(); });
-    timer_.start(5);
+    if (!archive.isNull())
+        put("spartiti/archivio.js", archive);
+    QObject::connect(&timer, &QTimer::timeout, [this] { answer(); });
+    timer.start(5);
+    form1.show();
+    waitUntilActive("Form1");
 }
 
-void BoxAnswers::answer()
+void Program::answer()
 {
     auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
     if (!box || !box->isVisible())
         return;
-    texts += box->text();
-    titles += box->windowTitle();
-    QAbstractButton *button =
-        answers_.isEmpty() ? box->buttons().constFirst() : box->button(answers_.takeFirst());
-    if (!button)
-        qFatal("the box \"%s\" has no such button", qPrintable(box->text()));
-    QTest::mouseClick(button, Qt::LeftButton);
+    told += box->text();
+    if (answers.isEmpty())
+        QTest::keyClick(box, Qt::Key_Escape);
+    else
+        QTest::mouseClick(box->button(answers.takeFirst()), Qt::LeftButton);
 }
 
-int runWindowTest(QObject &test, int argc, char **argv)
+void WindowTest::initTestCase()
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    applyLook(app);
-    return QTest::qExec(&test, argc, argv);
+    applyLook(*qApp);
 }

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "main/Form1.h"
 #include "support/test_folder.h"
 
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
+
+using Answer = QMessageBox::StandardButton;
 
 // The window of that objectName that is on the screen; null if there is none.
 QWidget *windowNamed(const QString &name);
@@ -20,38 +23,44 @@ template <typename Control = QWidget> Control *control(const QString &window, co
     return found;
 }
 
+// The text of a label, a button or a text box.
+QString textOf(const QString &window, const QString &name);
+// The texts of all rows of a list, those that are ticked with a plus in front.
+QStringList shownRows(const QString &window, const QString &list);
+
 // Waits until the window of that objectName is the active one, so that keys reach its shortcuts.
 void waitUntilActive(const QString &window);
 
-// A real click into the middle of a control.
+// Real clicks: into the middle of a control, into a row of a list, on a file, on a folder to open it.
+// Typing replaces the text of a box. A full disk has so many bytes of room for each file.
 void click(const QString &window, const QString &name);
-
+void clickRow(const QString &window, const QString &list, int row, int x = 60);
+void clickFile(const QString &window, const QString &file, Qt::KeyboardModifiers held = {});
+void openFolder(const QString &window, const QString &folder);
+void type(const QString &window, const QString &box, const QString &text);
+void press(const QString &window, const QString &name, Qt::Key key, Qt::KeyboardModifiers held = {});
+void clickWithFullDisk(const QString &window, const QString &name, rlim_t room = 0);
 // Chooses an entry of the main window's menu by its objectName.
 void chooseMenu(const QString &entry);
 
-// Answers the message boxes that appear while it lives by pressing their real buttons, in this order;
-// boxes beyond the answers get their first button.
-class BoxAnswers
-{
-public:
-    explicit BoxAnswers(QList<QMessageBox::StandardButton> answers = {});
+// The program on an archive of these bytes, or on none if they are null, with the last record shown. Its
+// message boxes are answered by pressing their real buttons, in this order, and those beyond by Esc.
+struct Program {
+    TestFolder folder;
+    QList<Answer> answers;
+    QStringList told; // the texts of the boxes so far
+    QTimer timer;
+    Form1 form1;
 
-    QStringList texts; // of the boxes so far
-    QStringList titles;
-
-private:
+    explicit Program(const QByteArray &archive = archiveOf({"One|||0", "Two|||0", "Three|||7"}),
+                     const QList<Answer> &ahead = {});
     void answer();
-
-    QList<QMessageBox::StandardButton> answers_;
-    QTimer timer_;
 };
 
-// main() of a window test: the program's own look, then all tests of `test`.
-int runWindowTest(QObject &test, int argc, char **argv);
-
-#define WINDOW_TEST_MAIN(Test)                                                                               \
-    int main(int argc, char **argv)                                                                          \
-    {                                                                                                        \
-        Test test;                                                                                           \
-        return runWindowTest(test, argc, argv);                                                              \
-    }
+// What a test of windows derives from: it has the program's own look.
+class WindowTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+};
