@@ -3,8 +3,8 @@
 #include "controls/file_list.h"
 #include "controls/folder_list.h"
 #include "main/Form1.h"
-#include "support/windows.h"
 #include "support/ratio.h"
+#include "support/windows.h"
 
 #include <QApplication>
 #include <QDir>
