@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <array>
@@ -31,8 +32,8 @@ struct Module1State {
     // Why archivio.js must not be written in this run; empty while it may be.
     QString archiveRefusal;
 
-    // A hash of what archivio.js held when it was last read or written here; 0 before.
-    size_t archiveOnDisk = 0;
+    // What archivio.js held when it was last read or written here.
+    QByteArray archiveOnDisk;
 
     // A record was changed or added since the archive was last read or saved.
     bool archiveChanged = false;

@@ -118,7 +118,7 @@ ArchiveReading loadArchive()
     if (const Result fits = checkCount(tokens, records); !fits.ok())
         return refuseFromNowOn(fits);
     ArchiveReading reading = storeRecords(file, records, codePageReaderFor(bytes));
-    Module1.archiveOnDisk = qHash(bytes);
+    Module1.archiveOnDisk = std::move(bytes);
     return reading;
 }
 
@@ -171,12 +171,12 @@ Result writeArchive(int count)
     bytes.truncate(to - bytes.data());
     Result written = replaceFile(archivePath(), bytes);
     if (written.ok())
-        Module1.archiveOnDisk = qHash(bytes);
+        Module1.archiveOnDisk = std::move(bytes);
     return written;
 }
 
 bool wasArchiveReplaced()
 {
     QByteArray bytes;
-    return readWhole(archivePath(), bytes).ok() && qHash(bytes) != Module1.archiveOnDisk;
+    return readWhole(archivePath(), bytes).ok() && bytes != Module1.archiveOnDisk;
 }

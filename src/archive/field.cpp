@@ -7,10 +7,10 @@ static char *putField(char *to, QStringView text)
     *to++ = '"';
     for (const QChar character : text) {
         const char16_t code = character.unicode();
-        if (code == u'"')
-            *to++ = '\'';
+        if (code < 0x80 && code != u'"')
+            *to++ = static_cast<char>(code);
         else
-            *to++ = code < 0x80 ? static_cast<char>(code) : toCodePage(character);
+            *to++ = code == u'"' ? '\'' : toCodePage(character);
     }
     *to++ = '"';
     return to;
