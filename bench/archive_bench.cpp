@@ -1,8 +1,8 @@
 #include "archive/archive_file.h"
-#include "archive/field.h"
-#include "files/code_page.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
+#include "format/code_page.h"
+#include "format/field.h"
 #include "support/ratio.h"
 #include "support/test_folder.h"
 

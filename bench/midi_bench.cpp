@@ -1,7 +1,7 @@
 #include "archive/Module1.h"
-#include "controls/look.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
+#include "look/look.h"
 #include "midi/midifrm.h"
 #include "support/ratio.h"
 #include "support/test_folder.h"

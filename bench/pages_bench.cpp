@@ -1,8 +1,8 @@
 // The windows that copy a file the person picked: mp3 and what it shares with the page pickers.
 
-#include "controls/file_list.h"
-#include "controls/folder_list.h"
-#include "main/Form1.h"
+#include "browse/file_list.h"
+#include "browse/folder_list.h"
+#include "main/rooms.h"
 #include "support/ratio.h"
 #include "support/windows.h"
 
@@ -102,8 +102,8 @@ int main(int argc, char **argv)
     putArchive({"One|||0"});
     putCategories();
     QDir().mkpath("spartiti/audio");
-    Form1 form1;
-    form1.show();
+    Rooms rooms;
+    rooms.form1.show();
     compareOpening();
     compareClick();
     compareListing();

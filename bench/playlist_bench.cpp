@@ -1,11 +1,11 @@
 #include "archive/Module1.h"
 #include "controls/combo_box.h"
-#include "controls/look.h"
-#include "controls/message_box.h"
 #include "files/safe_write.h"
+#include "look/look.h"
 #include "playlists/playlistfrm.h"
 #include "support/ratio.h"
 #include "support/test_folder.h"
+#include "window/message_box.h"
 
 #include <QApplication>
 #include <QLineEdit>

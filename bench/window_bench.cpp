@@ -1,9 +1,9 @@
 // Browsing and starting up. Called with the name of a window, it shows that window, prints how many
 // kilobytes the process then holds, and ends: that is what the start-up rows measure.
 #include "controls/image_frame.h"
-#include "controls/look.h"
 #include "files/data_folder.h"
-#include "main/Form1.h"
+#include "look/look.h"
+#include "main/rooms.h"
 #include "support/ratio.h"
 #include "support/test_folder.h"
 
@@ -44,10 +44,10 @@ static int showAndEnd(const QString &window)
 {
     EndWhenPainted end;
     qApp->installEventFilter(&end);
-    Form1 form;
+    Rooms rooms;
     QWidget empty;
     if (window == "Form1") {
-        form.show();
+        rooms.form1.show();
     } else {
         empty.setFixedSize(734, 648);
         if (window == "word")

@@ -2,7 +2,7 @@
 
 #include "archive/Module1.h"
 #include "audio/categories_file.h"
-#include "files/code_page.h"
+#include "format/code_page.h"
 #include "memory_files.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const char *data, size_t size)

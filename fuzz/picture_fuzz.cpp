@@ -1,7 +1,7 @@
 // The picture path: any bytes under a page's name give a picture of the frame's size, or none.
 
-#include "controls/page_image.h"
 #include "memory_files.h"
+#include "pages/page_image.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -1,6 +1,6 @@
 // Tokens: each takes at least a byte, all of them take all bytes, and counting agrees with reading.
 
-#include "archive/token.h"
+#include "format/token.h"
 #include "memory_files.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const char *data, size_t size)

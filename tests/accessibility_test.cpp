@@ -1,5 +1,5 @@
-#include "controls/small_screen.h"
 #include "support/windows.h"
+#include "window/small_screen.h"
 
 #include <QAbstractButton>
 #include <QAccessible>

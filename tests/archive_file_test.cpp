@@ -1,5 +1,5 @@
 #include "archive/archive_file.h"
-#include "files/code_page.h"
+#include "format/code_page.h"
 #include "support/test_folder.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
-#include "controls/page_image.h"
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
+#include "pages/page_image.h"
 #include "support/windows.h"
 
 #include <QApplication>

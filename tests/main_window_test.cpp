@@ -41,9 +41,9 @@ private slots:
     void start_beginsNothingOverAnUnreachableArchive()
     {
         Program program;
-        program.form1.unload();
+        program.rooms.form1.unload();
         QVERIFY(QFile::remove(path) && QFile::link("archivio.js", path));
-        program.form1.show();
+        program.rooms.form1.show();
         QVERIFY(program.told.join("").startsWith("spartiti/archivio.js cannot be read"));
     }
 
@@ -152,7 +152,7 @@ private slots:
             Program program(archiveOf({"A|a|x|1"}), {Answer::Yes});
             if (edited)
                 type(window, "Text4", "z");
-            QTimer::singleShot(0, &program.form1,
+            QTimer::singleShot(0, &program.rooms.form1,
                                [&] { byMenu ? chooseMenu("chiudi") : void(windowNamed(window)->close()); });
             QCOMPARE(QApplication::exec(), 0);
             QCOMPARE(program.told.size(), questions);

@@ -21,12 +21,7 @@ struct Stand : Program {
         put("other/spartiti/archivio.js", archiveOf({"Zebra|||1", "Apple|||2", "Apple|||3"}));
         putPicture(1, Qt::red);
         putPicture(2, Qt::green);
-        merging::reopenMainWindow = [this] {
-            form1.unload();
-            form1.show();
-        };
     }
-    ~Stand() { merging::reopenMainWindow = nullptr; }
 };
 
 static void openSource(const QString &name = "other")

@@ -1,5 +1,5 @@
-#include "files/code_page.h"
 #include "files/data_folder.h"
+#include "format/code_page.h"
 #include "midi/midi_file.h"
 #include "support/test_folder.h"
 

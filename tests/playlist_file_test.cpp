@@ -1,4 +1,4 @@
-#include "files/code_page.h"
+#include "format/code_page.h"
 #include "playlists/playlist_file.h"
 #include "playlists/song_list.h"
 #include "support/test_folder.h"

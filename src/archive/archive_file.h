@@ -1,8 +1,8 @@
 #pragma once
 
 #include "archive/Module1.h"
-#include "archive/token.h"
 #include "files/result.h"
+#include "format/token.h"
 
 // Reading and writing spartiti/archivio.js; docs/file-formats.md tells its format.
 

@@ -1,7 +1,7 @@
 #include "archive/archive_file.h"
-#include "archive/field.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
+#include "format/field.h"
 
 Result writeCsv()
 {

@@ -1,10 +1,10 @@
 #include "audio/categories_file.h"
 
 #include "archive/Module1.h"
-#include "archive/token.h"
-#include "files/code_page.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
+#include "format/code_page.h"
+#include "format/token.h"
 
 #include <vector>
 

@@ -2,13 +2,13 @@
 
 #include "archive/Module1.h"
 #include "audio/categories_file.h"
+#include "browse/file_list.h"
+#include "browse/folder_list.h"
 #include "controls/button.h"
-#include "controls/file_list.h"
-#include "controls/folder_list.h"
-#include "controls/message_box.h"
 #include "controls/path_label.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
+#include "window/message_box.h"
 
 static constexpr int buttonsInColumn = 11;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/form.h"
+#include "window/form.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #include "controls/button.h"
 
-#include "controls/control_maker.h"
+#include "look/plain_text.h"
 
 #include <QStyleOptionButton>
 #include <QStylePainter>

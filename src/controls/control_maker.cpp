@@ -4,6 +4,7 @@
 #include "controls/image_frame.h"
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
+#include "look/plain_text.h"
 
 #include <QFrame>
 #include <QLabel>
@@ -11,16 +12,6 @@
 QString indexed(const QString &name, int index)
 {
     return QStringLiteral("%1(%2)").arg(name).arg(index);
-}
-
-QString shownAmpersands(QString text)
-{
-    return text.replace(QLatin1Char('&'), "&&");
-}
-
-QString plainToolTip(const QString &text)
-{
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
 void ControlMaker::put(QWidget *control, const QString &name, Place place, const QFont &font) const

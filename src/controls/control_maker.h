@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/look.h"
+#include "look/look.h"
 
 #include <QWidget>
 
@@ -13,12 +13,6 @@ class TextBox;
 
 // The name of one control of an array of controls: "Command3(7)".
 QString indexed(const QString &name, int index);
-
-// A button's or a menu entry's text in which every "&" is to be seen.
-QString shownAmpersands(QString text);
-
-// A tool-tip that shows just these characters, also where they look like markup.
-QString plainToolTip(const QString &text);
 
 // Makes the controls of a window or a frame, each in one line: name, text, place, tool-tip, font. The
 // parent owns what is made. A control that shows no name of its own takes one for screen readers.

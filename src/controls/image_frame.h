@@ -8,7 +8,7 @@ class ImageFrame : public QWidget
 {
     Q_OBJECT
 public:
-    using QWidget::QWidget;
+    explicit ImageFrame(QWidget *parent);
 
     // Shows the file, or empties the frame where there is none of that name. A file that cannot be shown
     // leaves the frame without a picture, and notice() stands in it.

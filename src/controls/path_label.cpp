@@ -1,6 +1,6 @@
 #include "controls/path_label.h"
 
-#include "controls/control_maker.h"
+#include "look/plain_text.h"
 
 #include <QPainter>
 

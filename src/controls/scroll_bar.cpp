@@ -1,6 +1,6 @@
 #include "controls/scroll_bar.h"
 
-#include "controls/look.h"
+#include "look/look.h"
 
 #include <QPainter>
 #include <QWheelEvent>

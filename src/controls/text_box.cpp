@@ -1,6 +1,6 @@
 #include "controls/text_box.h"
 
-#include "controls/control_maker.h"
+#include "look/plain_text.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/typed_text.h"
+#include "format/typed_text.h"
 
 #include <QLineEdit>
 

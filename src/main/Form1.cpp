@@ -1,11 +1,11 @@
 #include "main/Form1.h"
 
 #include "controls/image_frame.h"
-#include "controls/message_box.h"
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
 #include "files/data_folder.h"
 #include "files/platform.h"
+#include "window/message_box.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -16,8 +16,9 @@
 #include <QPushButton>
 #include <QWheelEvent>
 
-Form1::Form1()
+Form1::Form1(Doors doors)
     : Form({"Form1", "Tessaline 5.0", 11010, 9360, QPoint(450, 750)})
+    , show_(std::move(doors))
 {
 }
 
@@ -75,8 +76,8 @@ void Form1::makeButtons(ControlMaker make)
     on(VScroll1, &QScrollBar::valueChanged, [this] { showRecord(); });
     on(Command1, &QPushButton::clicked, [this] { Command1_Click(); });
     on(Command2, &QPushButton::clicked, [this] { Command2_Click(); });
-    on(Command3, &QPushButton::clicked, [this] { sinistra.show(); });
-    on(Command4, &QPushButton::clicked, [this] { destra.show(); });
+    on(Command3, &QPushButton::clicked, [this] { show_.sinistra(); });
+    on(Command4, &QPushButton::clicked, [this] { show_.destra(); });
     on(Command5, &QPushButton::clicked, [this] { Command5_Click(); });
     on(Command6, &QPushButton::clicked, [this] { Command6_Click(); });
 }
@@ -94,11 +95,11 @@ void Form1::makeMenu()
         return action;
     };
     on(entry("playlist", "Playlist Manager", QKeySequence("Ctrl+P")), &QAction::triggered,
-       [this] { playlistfrm_.show(); });
+       [this] { show_.playlistfrm(); });
     on(entry("midi", "Midi device", QKeySequence("Ctrl+D")), &QAction::triggered,
-       [this] { midifrm_.show(); });
+       [this] { show_.midifrm(); });
     on(entry("merging", "Merging", QKeySequence("Ctrl+G")), &QAction::triggered,
-       [this] { Premerge_.show(); });
+       [this] { show_.Premerge(); });
     on(entry("chiudi", "Exit", {}), &QAction::triggered, [this] { chiudi_Click(); });
     onKey(QKeySequence("Alt+W"), [bar, edit] { bar->setActiveAction(edit->menuAction()); });
 }
@@ -232,7 +233,7 @@ void Form1::Command1_Click()
 void Form1::Command2_Click()
 {
     Module1.audioRecord = VScroll1->value();
-    mp3_.show();
+    show_.mp3();
 }
 
 // Add

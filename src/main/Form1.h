@@ -1,13 +1,11 @@
 #pragma once
 
 #include "archive/archive_file.h"
-#include "audio/mp3.h"
-#include "controls/form.h"
-#include "merge/Premerge.h"
-#include "midi/midifrm.h"
-#include "pages/PagePicker.h"
-#include "playlists/playlistfrm.h"
+#include "window/form.h"
 
+#include <functional>
+
+class ImageFrame;
 class QLabel;
 class QPushButton;
 
@@ -18,7 +16,16 @@ class Form1 : public Form
 {
     Q_OBJECT
 public:
-    Form1();
+    // What shows each of the other windows that this one leads to.
+    struct Doors {
+        std::function<void()> sinistra;
+        std::function<void()> destra;
+        std::function<void()> mp3;
+        std::function<void()> playlistfrm;
+        std::function<void()> midifrm;
+        std::function<void()> Premerge;
+    };
+    explicit Form1(Doors doors);
 
 protected:
     void build(ControlMaker make) override;
@@ -63,10 +70,5 @@ private:
     QPushButton *Command6 = nullptr;
     ScrollBar *VScroll1 = nullptr;
 
-    Premerge Premerge_;
-    PagePicker sinistra{Page::Left};
-    PagePicker destra{Page::Right};
-    mp3 mp3_;
-    midifrm midifrm_;
-    playlistfrm playlistfrm_;
+    const Doors show_;
 };

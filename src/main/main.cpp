@@ -1,6 +1,6 @@
-#include "controls/look.h"
-#include "controls/small_screen.h"
-#include "main/Form1.h"
+#include "look/look.h"
+#include "main/rooms.h"
+#include "window/small_screen.h"
 
 #include <QApplication>
 
@@ -14,11 +14,7 @@ int main(int argc, char **argv)
         app = std::make_unique<QApplication>(argc, argv);
     }
     applyLook(*app);
-    Form1 form1;
-    merging::reopenMainWindow = [&form1] {
-        form1.unload();
-        form1.show();
-    };
-    form1.show();
+    Rooms rooms;
+    rooms.form1.show();
     return QApplication::exec();
 }

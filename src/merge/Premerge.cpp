@@ -1,16 +1,17 @@
 #include "merge/Premerge.h"
 
 #include "archive/Module1.h"
-#include "controls/drive_list.h"
-#include "controls/file_list.h"
-#include "controls/folder_list.h"
-#include "controls/message_box.h"
+#include "browse/drive_list.h"
+#include "browse/file_list.h"
+#include "browse/folder_list.h"
+#include "window/message_box.h"
 
 #include <QLabel>
 #include <QPushButton>
 
-Premerge::Premerge()
+Premerge::Premerge(std::function<void()> openMerging)
     : Form({"Premerge", "Preparation", 8535, 9300})
+    , openMerging_(std::move(openMerging))
 {
 }
 
@@ -53,7 +54,6 @@ void Premerge::Command1_Click()
 {
     Module1.mergeSourcePath = File1->path();
     Label2->setText(Module1.mergeSourcePath);
-    selection.unload(); // or else it would only come forward, with the songs of the source before
-    selection.show();
+    openMerging_();
     unload();
 }

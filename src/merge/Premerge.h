@@ -1,7 +1,8 @@
 #pragma once
 
-#include "controls/form.h"
-#include "merge/merging.h"
+#include "window/form.h"
+
+#include <functional>
 
 class DriveList;
 class FileList;
@@ -13,7 +14,8 @@ class Premerge : public Form
 {
     Q_OBJECT
 public:
-    Premerge();
+    // `openMerging` shows the songs of the installation in mergeSourcePath, read anew.
+    explicit Premerge(std::function<void()> openMerging);
 
 protected:
     void build(ControlMaker make) override;
@@ -28,5 +30,5 @@ private:
     QPushButton *Command1 = nullptr;
     QLabel *Label2 = nullptr;
 
-    merging selection;
+    const std::function<void()> openMerging_;
 };

@@ -1,9 +1,9 @@
 #include "merge/merge_source.h"
 
 #include "archive/archive_file.h"
-#include "files/code_page.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
+#include "format/code_page.h"
 
 using Kind = Result::Kind;
 

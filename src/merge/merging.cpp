@@ -3,14 +3,16 @@
 #include "archive/Module1.h"
 #include "archive/archive_file.h"
 #include "controls/image_frame.h"
-#include "controls/message_box.h"
+#include "look/plain_text.h"
+#include "window/message_box.h"
 
 #include <QApplication>
 #include <QListWidget>
 #include <QPushButton>
 
-merging::merging()
+merging::merging(std::function<void()> reopenMainWindow)
     : Form({"merging", "Merging", 11070, 8295, QPoint(2775, 1830)})
+    , reopenMainWindow_(std::move(reopenMainWindow))
 {
 }
 
@@ -122,5 +124,5 @@ void merging::Command2_Click()
     messageBox("The merger of the archives has been completed. You will find the newly added songs, in your "
                "Tessaline, at the end of your archive. From there you can edit the corresponding "
                "information (title, authors and tags) according to your needs.");
-    reopenMainWindow();
+    reopenMainWindow_();
 }

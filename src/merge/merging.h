@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/form.h"
 #include "merge/absorb.h"
+#include "window/form.h"
 
 #include <functional>
 
@@ -13,10 +13,8 @@ class merging : public Form
 {
     Q_OBJECT
 public:
-    merging();
-
-    // Closes the main window and opens it again, so that it reads the archive afresh. main() sets it.
-    static inline std::function<void()> reopenMainWindow;
+    // `reopenMainWindow` closes the main window and opens it again, so that it reads the archive afresh.
+    explicit merging(std::function<void()> reopenMainWindow);
 
 protected:
     void build(ControlMaker make) override;
@@ -31,5 +29,6 @@ private:
     QListWidget *List1 = nullptr;
     ImageFrame *Image1 = nullptr;
 
+    const std::function<void()> reopenMainWindow_;
     MergeSource source;
 };

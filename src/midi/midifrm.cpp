@@ -1,8 +1,9 @@
 #include "midi/midifrm.h"
 
 #include "archive/Module1.h"
-#include "controls/message_box.h"
+#include "look/plain_text.h"
 #include "midi/midi_box.h"
+#include "window/message_box.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/form.h"
 #include "midi/midi_file.h"
+#include "window/form.h"
 
 class MidiBox;
 class QLabel;

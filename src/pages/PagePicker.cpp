@@ -1,11 +1,11 @@
 #include "pages/PagePicker.h"
 
 #include "archive/Module1.h"
-#include "controls/file_list.h"
-#include "controls/folder_list.h"
-#include "controls/message_box.h"
+#include "browse/file_list.h"
+#include "browse/folder_list.h"
 #include "controls/path_label.h"
 #include "files/safe_write.h"
+#include "window/message_box.h"
 
 #include <QPushButton>
 

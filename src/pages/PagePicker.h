@@ -1,7 +1,7 @@
 #pragma once
 
-#include "controls/form.h"
 #include "files/data_folder.h"
+#include "window/form.h"
 
 class FileList;
 class FolderList;

@@ -1,10 +1,10 @@
 #include "playlists/playlist_file.h"
 
-#include "archive/field.h"
-#include "archive/token.h"
-#include "files/code_page.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
+#include "format/code_page.h"
+#include "format/field.h"
+#include "format/token.h"
 
 #include <utility>
 

@@ -2,12 +2,12 @@
 
 #include "archive/Module1.h"
 #include "controls/combo_box.h"
-#include "controls/message_box.h"
 #include "controls/row_list.h"
 #include "controls/text_box.h"
 #include "files/data_folder.h"
 #include "files/platform.h"
-#include "playlists/title_order.h"
+#include "text/alphabetical.h"
+#include "window/message_box.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "controls/form.h"
 #include "playlists/playlist_file.h"
 #include "playlists/song_list.h"
+#include "window/form.h"
 
 class ComboBox;
 class QLabel;

@@ -1,7 +1,7 @@
 #include "support/test_folder.h"
 
 #include "archive/Module1.h"
-#include "files/code_page.h"
+#include "format/code_page.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "support/windows.h"
 
-#include "controls/look.h"
+#include "look/look.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -109,7 +109,7 @@ Program::Program(const QByteArray &archive, const QList<Answer> &ahead)
         put("spartiti/archivio.js", archive);
     QObject::connect(&timer, &QTimer::timeout, [this] { answer(); });
     timer.start(5);
-    form1.show();
+    rooms.form1.show();
     waitUntilActive("Form1");
 }
 

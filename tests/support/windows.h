@@ -1,6 +1,6 @@
 #pragma once
 
-#include "main/Form1.h"
+#include "main/rooms.h"
 #include "support/test_folder.h"
 
 #include <QMessageBox>
@@ -50,7 +50,7 @@ struct Program {
     QList<Answer> answers;
     QStringList told; // the texts of the boxes so far
     QTimer timer;
-    Form1 form1;
+    Rooms rooms;
 
     explicit Program(const QByteArray &archive = archiveOf({"One|||0", "Two|||0", "Three|||7"}),
                      const QList<Answer> &ahead = {});

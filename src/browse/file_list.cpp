@@ -1,8 +1,9 @@
-#include "controls/file_list.h"
+#include "browse/file_list.h"
 
-#include "controls/control_maker.h"
-#include "controls/listed_names.h"
+#include "look/plain_text.h"
+#include "text/alphabetical.h"
 
+#include <QDir>
 #include <QKeyEvent>
 #include <QStringListModel>
 #include <QStyledItemDelegate>
@@ -71,7 +72,8 @@ QString FileList::selectedPath() const
 
 void FileList::readFolder()
 {
-    const QStringList names = listedNames(path_, QDir::Files | QDir::Hidden, pattern_);
+    const QStringList names =
+        alphabetical(QDir(path_).entryList({pattern_}, QDir::Files | QDir::Hidden, QDir::NoSort));
     const auto row = selected_.isEmpty() ? -1 : names.indexOf(selected_);
     if (row < 0)
         selected_.clear();

@@ -1,4 +1,4 @@
-#include "files/code_page.h"
+#include "format/code_page.h"
 
 #include <algorithm>
 #include <array>

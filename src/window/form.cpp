@@ -1,7 +1,8 @@
-#include "controls/form.h"
+#include "window/form.h"
 
-#include "controls/look.h"
+#include "look/look.h"
 
+#include <QAccessibleWidget>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QScreen>
@@ -13,9 +14,20 @@
 static constexpr Qt::WindowFlags fixedBorder = Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint
     | Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint | Qt::MSWindowsFixedSizeDialogHint;
 
+// Lets a screen reader know which widgets are windows.
+static QAccessibleInterface *windowInterface(const QString &className, QObject *object)
+{
+    auto *widget = qobject_cast<QWidget *>(object);
+    return widget && className == QLatin1String("QWidget") && widget->isWindow()
+        ? new QAccessibleWidget(widget, QAccessible::Window)
+        : nullptr;
+}
+
 Form::Form(FormShape shape)
     : shape_(std::move(shape))
 {
+    static const bool installed = (QAccessible::installFactory(windowInterface), true);
+    Q_UNUSED(installed)
 }
 
 Form::~Form()

@@ -1,4 +1,4 @@
-#include "archive/token.h"
+#include "format/token.h"
 
 #include <cstring>
 

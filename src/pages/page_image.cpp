@@ -1,4 +1,4 @@
-#include "controls/page_image.h"
+#include "pages/page_image.h"
 
 #include <QImageReader>
 

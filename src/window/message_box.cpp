@@ -1,4 +1,4 @@
-#include "controls/message_box.h"
+#include "window/message_box.h"
 
 #include <QApplication>
 #include <QMessageBox>

@@ -1,6 +1,4 @@
-#include "controls/look.h"
-
-#include "controls/spoken_role.h"
+#include "look/look.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -72,7 +70,6 @@ void applyLook(QApplication &app)
     QApplication::setPalette(palette());
     QApplication::setFont(verdana(12));
     QApplication::setWindowIcon(programIcon());
-    installSpokenRoles();
     // The main window alone ends the program.
     app.setQuitOnLastWindowClosed(false);
 }

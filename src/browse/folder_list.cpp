@@ -1,8 +1,10 @@
-#include "controls/folder_list.h"
+#include "browse/folder_list.h"
 
-#include "controls/control_maker.h"
-#include "controls/listed_names.h"
+#include "look/plain_text.h"
+#include "text/alphabetical.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QStyle>
@@ -92,7 +94,8 @@ void FolderList::showWay()
     }
     const QIcon icon = style()->standardIcon(QStyle::SP_DirIcon);
     QList<QTreeWidgetItem *> below;
-    for (const QString &name : listedNames(path_, QDir::Dirs | QDir::NoDotAndDotDot))
+    const auto folders = QDir::Dirs | QDir::NoDotAndDotDot;
+    for (const QString &name : alphabetical(QDir(path_).entryList(folders, QDir::NoSort)))
         below += rowFor(QDir(path_).filePath(name), icon);
     open->addChildren(below);
     expandAll();

@@ -34,5 +34,5 @@ QFont msSansSerif(double points);
 QFont bold(QFont font);
 QFont italic(QFont font);
 
-// Style, colours, icon and spoken roles of the whole program; called once, before the first window.
+// Style, colours and icon of the whole program; called once, before the first window.
 void applyLook(QApplication &app);

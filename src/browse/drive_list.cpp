@@ -1,4 +1,4 @@
-#include "controls/drive_list.h"
+#include "browse/drive_list.h"
 
 #include <QDir>
 #include <QStorageInfo>

@@ -1,6 +1,6 @@
-#include "controls/typed_text.h"
+#include "format/typed_text.h"
 
-#include "files/code_page.h"
+#include "format/code_page.h"
 
 #include <QHash>
 

@@ -1,6 +1,6 @@
-#include "archive/field.h"
+#include "format/field.h"
 
-#include "files/code_page.h"
+#include "format/code_page.h"
 
 static char *putField(char *to, QStringView text)
 {

@@ -1,4 +1,4 @@
-#include "controls/small_screen.h"
+#include "window/small_screen.h"
 
 #include <QGuiApplication>
 #include <QScreen>

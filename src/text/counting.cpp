@@ -1,0 +1,14 @@
+#include "text/counting.h"
+
+#include <QLocale>
+
+QString counted(qint64 number, const QString &one, const QString &many)
+{
+    static const QLocale english(QLocale::English);
+    return english.toString(number) + ' ' + (number == 1 ? one : many);
+}
+
+QString counted(qint64 number, const QString &one)
+{
+    return counted(number, one, one + 's');
+}

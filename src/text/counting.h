@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QString>
+
+// A number of things in words: "1 song", "2 songs", "9,999 songs". `one` and `many` are the words for one
+// thing and for several.
+QString counted(qint64 number, const QString &one, const QString &many);
+// The same where the plural ends in s.
+QString counted(qint64 number, const QString &one);
