@@ -3,9 +3,7 @@
 #include "archive/archive_file.h"
 #include "files/platform.h"
 #include "files/safe_write.h"
-
-#include <QFile>
-#include <QFileInfo>
+#include "pages/page_files.h"
 
 #include <memory>
 #include <optional>
@@ -87,22 +85,14 @@ static QList<NewPage> newPages(const MergeSource &source, const QList<int> &chos
     return pages;
 }
 
-// Gives a page that lies under a new song's number from before, and would pass for the song's, a name
-// under which nothing but a person looks for it.
+// A page that lies under a new song's number from before would pass for the song's.
 static void setOldPageAside(const NewPage &page, AbsorbReport &report)
 {
-    const QString path = page.copy().target;
-    if (isMissing(path))
-        return;
-    int attempt = 1;
-    while (QFileInfo::exists(oldPagePath(page.record, page.page, attempt)))
-        attempt += 1;
-    const QString newPath = oldPagePath(page.record, page.page, attempt);
-    QFile file(path);
-    if (file.rename(newPath))
-        report.setAside += {shownPath(path), shownPath(newPath)};
-    else
-        report.notSetAside += {page.record, page.page, file.errorString()};
+    const PageAside aside = setAside(page.record, page.page);
+    if (!aside.result.ok())
+        report.notSetAside += {page.record, page.page, aside.result.reason};
+    else if (!aside.newPath.isEmpty())
+        report.setAside += {shownPath(page.copy().target), shownPath(aside.newPath)};
 }
 
 static void reportCopy(const NewPage &page, const Result &copied, const MergeSource &source,
@@ -137,8 +127,6 @@ static void copyPages(const MergeSource &source, const QList<int> &chosen, Absor
     const QList<Result> results = copyFiles(copies);
     for (qsizetype i = 0; i < pages.size(); i += 1)
         reportCopy(pages[i], results[i], source, report);
-    if (!report.setAside.isEmpty())
-        syncFolder(QFileInfo(archivePath()).path());
 }
 
 AbsorbReport absorb(const MergeSource &source, const QList<int> &chosen)
