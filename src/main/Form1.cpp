@@ -1,5 +1,6 @@
 #include "main/Form1.h"
 
+#include "archive/archive_operations.h"
 #include "controls/image_frame.h"
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
@@ -16,10 +17,26 @@
 #include <QPushButton>
 #include <QWheelEvent>
 
-Form1::Form1(Doors doors)
+Form1::Form1(Doors doors, QList<Menu> menus)
     : Form({"Form1", "Tessaline 5.0", 11010, 9360, QPoint(450, 750)})
     , show_(std::move(doors))
+    , menus_(std::move(menus))
 {
+}
+
+void Form1::showSong(int n)
+{
+    show();
+    showAnew(n);
+}
+
+void Form1::reload(int n)
+{
+    forgetArchive();
+    unload();
+    show();
+    if (n > 0)
+        showAnew(n);
 }
 
 void Form1::build(ControlMaker make)
@@ -27,7 +44,7 @@ void Form1::build(ControlMaker make)
     makeFields(make);
     makePages(make);
     makeButtons(make);
-    makeMenu();
+    makeMenus();
     setTabOrder(
         {Text2, Command1, Text1, Text3, Text4, Command3, Command4, VScroll1, Command5, Command2, Command6});
     connectKeys();
@@ -74,7 +91,7 @@ void Form1::makeButtons(ControlMaker make)
     Command6 = make.button("Command6", "SALVA CSV", {3720, 5040, 3375, 375});
     Command6->hide();
     on(VScroll1, &QScrollBar::valueChanged, [this] { showRecord(); });
-    on(Command1, &QPushButton::clicked, [this] { Command1_Click(); });
+    on(Command1, &QPushButton::clicked, [this] { save(); });
     on(Command2, &QPushButton::clicked, [this] { Command2_Click(); });
     on(Command3, &QPushButton::clicked, [this] { show_.sinistra(); });
     on(Command4, &QPushButton::clicked, [this] { show_.destra(); });
@@ -82,11 +99,10 @@ void Form1::makeButtons(ControlMaker make)
     on(Command6, &QPushButton::clicked, [this] { Command6_Click(); });
 }
 
-void Form1::makeMenu()
+void Form1::makeMenus()
 {
-    auto *bar = new QMenuBar(window());
-    window()->layout()->setMenuBar(bar);
-    QMenu *edit = bar->addMenu("Work");
+    window()->layout()->setMenuBar(new QMenuBar(window()));
+    QMenu *edit = makeMenu("Work");
     edit->setObjectName("edit");
     const auto entry = [&](const QString &name, const QString &text, const QKeySequence &key) {
         QAction *action = edit->addAction(text);
@@ -101,7 +117,19 @@ void Form1::makeMenu()
     on(entry("merging", "Merging", QKeySequence("Ctrl+G")), &QAction::triggered,
        [this] { show_.Premerge(); });
     on(entry("chiudi", "Exit", {}), &QAction::triggered, [this] { chiudi_Click(); });
-    onKey(QKeySequence("Alt+W"), [bar, edit] { bar->setActiveAction(edit->menuAction()); });
+    for (const Menu &menu : menus_) {
+        if (!menu.entries.isEmpty())
+            makeMenu(menu.title)->addActions(menu.entries);
+    }
+}
+
+// Alt and the first letter of its title open it.
+QMenu *Form1::makeMenu(const QString &title)
+{
+    auto *bar = window()->findChild<QMenuBar *>();
+    QMenu *menu = bar->addMenu(title);
+    onKey(QKeySequence("Alt+" + title.first(1)), [bar, menu] { bar->setActiveAction(menu->menuAction()); });
+    return menu;
 }
 
 void Form1::connectKeys()
@@ -132,8 +160,11 @@ void Form1::load()
         return;
     if (Module1.recCount == 0 && beginArchive())
         isRead = readArchive();
-    if (isRead)
-        showLastRecord();
+    if (!isRead)
+        return;
+    showCount();
+    VScroll1->setMaximum(qMin(Module1.recCount + 1, Module1State::lastRecord));
+    showAnew(qMax(Module1.recCount, 1));
 }
 
 bool Form1::readArchive()
@@ -170,15 +201,12 @@ bool Form1::beginArchive()
     return written.ok();
 }
 
-void Form1::showLastRecord()
+void Form1::showAnew(int record)
 {
-    const int last = qMax(Module1.recCount, 1);
-    showCount();
-    VScroll1->setMaximum(qMin(Module1.recCount + 1, Module1State::lastRecord));
-    if (VScroll1->value() == last)
+    if (VScroll1->value() == record)
         showRecord();
     else
-        VScroll1->setValue(last);
+        VScroll1->setValue(record);
 }
 
 void Form1::showCount()
@@ -210,23 +238,23 @@ void Form1::writeThrough(Module1State::Column &column, const TextBox *box)
     Module1.archiveChanged = true;
 }
 
-// Save
-void Form1::Command1_Click()
+bool Form1::save()
 {
-    if (wasArchiveReplaced() && !askYesNo(archiveReplacedQuestion))
-        return;
+    if (wasArchiveReplaced() && !askBeforeLoss(archiveReplacedQuestion))
+        return false;
     if (const Result written = writeArchive(); !written.ok()) {
         messageBox(written.kind == Result::Kind::Refused
                        ? "The archive was not saved. " + written.reason
                        : "The archive was not saved; the file is as it was before.\n" + written.text());
-        return;
+        return false;
     }
     if (const ArchiveReading reading = loadArchive(); !reading.result.ok()) {
         messageBox("The archive was saved, but could not be read back.\n" + reading.result.text());
-        return;
+        return false;
     }
     showCount();
     messageBox("Successfully saved!");
+    return true;
 }
 
 // Mp3
@@ -270,19 +298,7 @@ void Form1::chiudi_Click()
 
 void Form1::closeBox()
 {
-    if (!hasUnsavedChanges() || askYesNo("There are changes that have not been saved. Close all the same?"))
+    if (!hasUnsavedChanges()
+        || askBeforeLoss("There are changes that have not been saved. Close all the same?"))
         chiudi_Click();
-}
-
-// Text typed behind the last record is no record yet, but it is somebody's work.
-bool Form1::hasUnsavedChanges() const
-{
-    if (Module1.archiveChanged)
-        return true;
-    for (int n = Module1.recCount + 1; n <= VScroll1->maximum(); n += 1) {
-        const auto entry = static_cast<size_t>(n);
-        if (!(Module1.recTitle[entry] + Module1.recAuthor[entry] + Module1.recTags[entry]).isEmpty())
-            return true;
-    }
-    return false;
 }

@@ -6,7 +6,9 @@
 #include <functional>
 
 class ImageFrame;
+class QAction;
 class QLabel;
+class QMenu;
 class QPushButton;
 
 // The start window and the only way into the others: one record at a time, chosen with VScroll1, whose
@@ -25,7 +27,21 @@ public:
         std::function<void()> midifrm;
         std::function<void()> Premerge;
     };
-    explicit Form1(Doors doors);
+    // A menu behind "Work". The actions belong to whoever made them and outlive this window; null is a line.
+    struct Menu {
+        QString title;
+        QList<QAction *> entries;
+    };
+    // Of the menus, one without entries is not shown.
+    explicit Form1(Doors doors, QList<Menu> menus = {});
+
+    // Shows this song, or the one nearest to it that there is, and brings the window forward.
+    void showSong(int n);
+    // What the button Save does, with its questions and messages; true if the archive was saved.
+    bool save();
+    // For whoever has put another archive in place: forgets the one in memory, what was typed too, closes
+    // the window and opens it again on what the disk holds, on song `n` or, for 0, on the last one.
+    void reload(int n = 0);
 
 protected:
     void build(ControlMaker make) override;
@@ -37,12 +53,12 @@ private:
     void makeFields(ControlMaker make);
     void makePages(ControlMaker make);
     void makeButtons(ControlMaker make);
-    void makeMenu();
+    void makeMenus();
+    QMenu *makeMenu(const QString &title);
     void connectKeys();
 
     void showRecord();
     void writeThrough(Module1State::Column &column, const TextBox *box);
-    void Command1_Click();
     void Command2_Click();
     void Command5_Click();
     void Command6_Click();
@@ -50,9 +66,8 @@ private:
 
     bool readArchive();
     bool beginArchive();
-    void showLastRecord();
+    void showAnew(int record);
     void showCount();
-    bool hasUnsavedChanges() const;
 
     TextBox *Text1 = nullptr;
     TextBox *Text2 = nullptr;
@@ -71,4 +86,5 @@ private:
     ScrollBar *VScroll1 = nullptr;
 
     const Doors show_;
+    const QList<Menu> menus_;
 };

@@ -16,12 +16,11 @@ struct Rooms {
     mp3 mp3_;
     playlistfrm playlistfrm_;
     midifrm midifrm_;
-    merging merging_{[this] { reopenMainWindow(); }};
+    merging merging_{[this] { form1.reload(); }};
     Premerge Premerge_{[this] { openMerging(); }};
     Form1 form1{{[this] { sinistra.show(); }, [this] { destra.show(); }, [this] { mp3_.show(); },
                  [this] { playlistfrm_.show(); }, [this] { midifrm_.show(); }, [this] { Premerge_.show(); }}};
 
 private:
-    void reopenMainWindow();
     void openMerging();
 };

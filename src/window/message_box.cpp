@@ -13,19 +13,33 @@ static QWidget *windowInFront()
     return last && last->isVisible() ? last.data() : nullptr;
 }
 
-static int show(const QString &text, const QString &title, QMessageBox::StandardButtons buttons)
+using Button = QMessageBox::StandardButton;
+
+static int show(const QString &text, const QString &title, QMessageBox::StandardButtons buttons,
+                Button byEnter)
 {
     QMessageBox box(QMessageBox::NoIcon, title, text, buttons, windowInFront());
     box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(byEnter);
     return box.exec();
+}
+
+static bool ask(const QString &question, Button byEnter)
+{
+    return show(question, "Tessaline", Button::Yes | Button::No, byEnter) == Button::Yes;
 }
 
 void messageBox(const QString &text, const QString &title)
 {
-    show(text, title, QMessageBox::Ok);
+    show(text, title, Button::Ok, Button::Ok);
 }
 
 bool askYesNo(const QString &question)
 {
-    return show(question, "Tessaline", QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    return ask(question, Button::Yes);
+}
+
+bool askBeforeLoss(const QString &question)
+{
+    return ask(question, Button::No);
 }

@@ -7,5 +7,8 @@
 
 void messageBox(const QString &text, const QString &title = "Tessaline");
 
-// Yes and No; anything but Yes is false.
+// Yes and No; anything but Yes is false. Enter is Yes.
 bool askYesNo(const QString &question);
+
+// The same where a Yes destroys something: Enter is No.
+bool askBeforeLoss(const QString &question);

@@ -11,10 +11,25 @@
 QWidget *windowNamed(const QString &name)
 {
     for (QWidget *window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == name && window->isVisible())
+        if ((window->windowTitle() == name || window->objectName() == name) && window->isVisible())
             return window;
     }
     return nullptr;
+}
+
+bool isCalled(const QObject *control, const QString &name)
+{
+    if (const auto *action = qobject_cast<const QAction *>(control))
+        return action->text() == name;
+    if (const auto *button = qobject_cast<const QAbstractButton *>(control); button && button->text() == name)
+        return true;
+    const auto *widget = qobject_cast<const QWidget *>(control);
+    return widget && widget->accessibleName() == name;
+}
+
+void failTest(const QString &words)
+{
+    qFatal("%s", qPrintable(words));
 }
 
 QString textOf(const QString &window, const QString &name)
@@ -40,8 +55,12 @@ QStringList shownRows(const QString &window, const QString &list)
 
 void waitUntilActive(const QString &window)
 {
-    windowNamed(window)->activateWindow(); // the offscreen platform hands nothing back when a box closes
-    QVERIFY(QTest::qWaitForWindowActive(windowNamed(window)));
+    QWidget *shown = windowNamed(window);
+    if (!shown)
+        failTest("no window " + window + " on the screen");
+    shown->activateWindow(); // the offscreen platform hands nothing back when a box closes
+    if (!QTest::qWaitForWindowActive(shown))
+        failTest(window + " does not become the active window");
 }
 
 void click(const QString &window, const QString &name)
@@ -68,6 +87,8 @@ static QPoint placeOf(QAbstractItemView *list, const QString &name)
 {
     const auto rows = list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, name, -1,
                                            Qt::MatchExactly | Qt::MatchRecursive);
+    if (rows.isEmpty())
+        failTest("no row " + name + " in the list " + list->accessibleName());
     list->scrollTo(rows.constLast());
     return list->visualRect(rows.constLast()).center();
 }

@@ -10,17 +10,29 @@
 
 using Answer = QMessageBox::StandardButton;
 
-// The window of that objectName that is on the screen; null if there is none.
+// The window on the screen with that title or objectName; null if there is none.
 QWidget *windowNamed(const QString &name);
 
-// The control of that objectName in a window that is on the screen; ends the test run if there is none.
+// Whether a person reads or hears this name at a control: its caption, or its accessible name.
+bool isCalled(const QObject *control, const QString &name);
+
+// Ends the test run with these words.
+[[noreturn]] void failTest(const QString &words);
+
+// The one control of that caption or accessible name in a window that is on the screen, or else of that
+// objectName; ends the test run if there is none, or more than one.
 template <typename Control = QWidget> Control *control(const QString &window, const QString &name)
 {
     QWidget *shown = windowNamed(window);
-    auto *found = shown ? shown->findChild<Control *>(name) : nullptr;
-    if (!found)
-        qFatal("no control %s in a window %s on the screen", qPrintable(name), qPrintable(window));
-    return found;
+    if (!shown)
+        failTest(QStringLiteral("no window %1 on the screen").arg(window));
+    QList<Control *> found = shown->findChildren<Control *>();
+    found.removeIf([&](const Control *each) { return !isCalled(each, name); });
+    if (found.isEmpty())
+        found = shown->findChildren<Control *>(name);
+    if (found.size() != 1)
+        failTest(QStringLiteral("%1 controls %2 in the window %3").arg(found.size()).arg(name, window));
+    return found.first();
 }
 
 // The text of a label, a button or a text box.
@@ -28,9 +40,10 @@ QString textOf(const QString &window, const QString &name);
 // The texts of all rows of a list, those that are ticked with a plus in front.
 QStringList shownRows(const QString &window, const QString &list);
 
-// Waits until the window of that objectName is the active one, so that keys reach its shortcuts.
+// Waits until the window is the active one, so that keys reach its shortcuts.
 void waitUntilActive(const QString &window);
 
+// For all that follows, a window and a control are named as above.
 // Real clicks: into the middle of a control, into a row of a list, on a file, on a folder to open it.
 // Typing replaces the text of a box. A full disk has so many bytes of room for each file.
 void click(const QString &window, const QString &name);
@@ -40,7 +53,7 @@ void openFolder(const QString &window, const QString &folder);
 void type(const QString &window, const QString &box, const QString &text);
 void press(const QString &window, const QString &name, Qt::Key key, Qt::KeyboardModifiers held = {});
 void clickWithFullDisk(const QString &window, const QString &name, rlim_t room = 0);
-// Chooses an entry of the main window's menu by its objectName.
+// Chooses an entry of the main window's menus.
 void chooseMenu(const QString &entry);
 
 // The program on an archive of these bytes, or on none if they are null, with the last record shown. Its
