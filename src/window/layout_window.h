@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+// A window that can be made larger and smaller, with its controls in a layout. Escape and the close box
+// close it, unless work is running; closed, it is deleted. What must outlive it is not a member of it.
+class LayoutWindow : public QWidget
+{
+    Q_OBJECT
+public:
+    // The name is the objectName. It opens in this size, in logical pixels, or as much of it as the screen
+    // has room for.
+    LayoutWindow(const QString &name, const QString &title, QSize size);
+
+    // While work is running the window stays.
+    void setWorking(bool working) { isWorking_ = working; }
+
+    void comeForward();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    bool isWorking_ = false;
+};
+
+// Shows the one window of its kind: the one that `window` points to, else the one that `make` gives.
+template <typename Window, typename Make> Window *showTheOne(QPointer<Window> &window, Make make)
+{
+    if (!window)
+        window = make();
+    window->comeForward();
+    return window;
+}
