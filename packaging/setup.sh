@@ -31,14 +31,23 @@ install_missing() {
         apt-get -qq install --yes --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# Builds the named targets, or everything, into build/release. Says more only where it fails.
-build_release() {
-    local log=build/build.log
-    mkdir -p build
+# Builds a preset, or only those of its targets that are named: build PRESET [--target TARGET ...]
+# Says more only where it fails, and then stops.
+build() {
+    local log=build/$1.log
+    { mkdir -p build && : >"$log"; } 2>/dev/null || {
+        echo "The folder $PWD/build cannot be written, so nothing was built. Does it belong to another user," \
+            "as after a start with sudo? Then take it away, or give it to $(id -un)." >&2
+        exit 1
+    }
     echo "Building Tessaline ..."
-    if ! { cmake --preset release && cmake --build --preset release "$@"; } >"$log" 2>&1; then
+    if ! build_loudly "$@" >"$log" 2>&1; then
         tail -n 60 "$log" >&2
         echo "The build failed; $log tells the rest." >&2
         exit 1
     fi
+}
+
+build_loudly() {
+    cmake --preset "$1" && cmake --build --preset "$@"
 }
