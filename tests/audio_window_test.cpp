@@ -57,6 +57,41 @@ private slots:
         click("mp3", "Command3(1)"); // the pick has gone with the window
         QCOMPARE(stand.told.last(), "You must select an mp3 file!");
     }
+
+    void damagedArchive_letsNothingBeStored()
+    {
+        const Program program("damaged");
+        put("songs/a.mp3", "song a");
+        put("spartiti/generi.js", fileOf("generi", linesOf(QString("Rock|").repeated(32))));
+        pickSong();
+        click("mp3", "Command3(9)");
+        QVERIFY(program.told.last().startsWith("Neither the category nor the recording was stored;"));
+        QVERIFY(program.told.last().endsWith(archiveDamaged));
+        QCOMPARE(namesIn("spartiti"), QStringList({"archivio.js", "generi.js"}));
+        QVERIFY(!Module1.archiveChanged);
+    }
+
+    // The file's bad line, and what stands on the buttons 1, 2, 3 and 33.
+    void badCategoriesFile_isToldOnceWithItsLine()
+    {
+        const QByteArray whole = fileOf("generi", linesOf(QString("Rock|").repeated(32)));
+        const std::tuple<QByteArray, const char *, const char *> rows[] = {
+            {whole + "\r\n\r\n", "", "RockRockRock"},
+            {QByteArray(whole).replace("= [", "=\r\n["), "line 2 ", "12333"},
+            {fileOf("generi", linesOf("Rock|Waltz")) + "show();\r\n", "line 4 ", "RockWaltz333"},
+        };
+        for (const auto &[bytes, line, buttons] : rows) {
+            const Program program;
+            put("spartiti/generi.js", bytes);
+            click("Form1", "Command2");
+            QString texts;
+            for (const int k : {1, 2, 3, 33})
+                texts += textOf("mp3", indexed("Command3", k));
+            QVERIFY2(texts.startsWith(buttons), qPrintable(texts));
+            QCOMPARE(program.told.size(), *line ? 1 : 0);
+            QVERIFY(program.told.join(' ').contains(line));
+        }
+    }
 };
 
 QTEST_MAIN(AudioWindowTest)

@@ -1,12 +1,14 @@
+#include "archive/Module1.h"
 #include "files/data_folder.h"
 #include "format/code_page.h"
-#include "midi/midi_file.h"
+#include "midi/midi_save.h"
 #include "support/test_folder.h"
 
 #include <QSet>
 #include <QTest>
 
 using Kind = Result::Kind;
+using Outcome = MidiSaving::Outcome;
 
 // A block whose rows all hold `text`.
 static QByteArray block(const QString &number, const QString &text)
@@ -68,20 +70,48 @@ private slots:
         }
     }
 
-    void fileThatDoesNotFitItsCount_isDamaged()
+    void damagedFile_isToldWithItsLine_data()
     {
-        const TestFolder folder;
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<int>("line");
         const QByteArray two = block("1", "1,2,3") + block("2", "1,2,3");
-        const QByteArray shifted =
-            linesOf("1" + QString("|,,").repeated(15)) + block("2", ",,") + linesOf(",,");
-        for (const QByteArray &bytes :
-             {fileOf("midi", two + linesOf("1,2,3")), fileOf("midi", two + linesOf("1,2,3")).chopped(5),
-              fileOf("midi", two) + "x = 1\r\n", QByteArray(), fileOf("midi", shifted + block("3", ",,")),
-              fileOf("midi", block("one", ",,")), two + " ];\r\n"}) {
-            put(midiPath(), bytes);
-            MidiTable table;
-            QVERIFY2(readMidiFile(table).kind == Kind::Damaged, bytes);
-        }
+        const auto row = [](const char *name, const QByteArray &bytes, int line) {
+            QTest::addRow("%s", name) << bytes << line;
+        };
+        const auto with = [&](int line, const char *text) {
+            QByteArrayList lines = fileOf("midi", two).split('\n');
+            lines[line - 1] = text + QByteArray("\r");
+            return lines.join('\n');
+        };
+        row("empty", {}, 1);
+        row("a line too many", fileOf("midi", two + linesOf("1,2,3")), 36);
+        row("cut behind a line too many", fileOf("midi", two + linesOf("1,2,3")).chopped(5), 36);
+        row("a line too few", QByteArray(fileOf("midi", two)).replace("\"2\",\r\n", ""), 19);
+        row("cut behind the last comma", fileOf("midi", two).chopped(7), 35);
+        row("cut inside a block", fileOf("midi", two).chopped(20), 34);
+        row("script behind the end", fileOf("midi", two) + "x = 1\r\n", 37);
+        row("two ends", fileOf("midi", two) + " ];\r\n", 37);
+        row("number is a word", fileOf("midi", block("1", ",,") + block("one", ",,")), 19);
+        row("no comma", with(5, "\"1,2,3\""), 5);
+        row("no last quote", with(5, "\"1,2,3,"), 5);
+        row("quote inside a text", with(5, "x\"1\","), 5);
+        row("two texts in a line", with(5, "\"1,2,3\",\"4,5,6\","), 5);
+        row("blank line", with(5, "\r\n\"1,2,3\","), 5);
+        row("no first line", two + " ];\r\n", 1);
+    }
+
+    void damagedFile_isToldWithItsLine()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(int, line);
+        const TestFolder folder;
+        put(midiPath(), bytes);
+        MidiTable table;
+        const Result read = readMidiFile(table);
+        QCOMPARE(read.kind, Kind::Damaged);
+        QVERIFY2(
+            read.refusal().startsWith(QStringLiteral("spartiti/midi.js is damaged in line %1 ").arg(line)),
+            qPrintable(read.refusal()));
     }
 
     // Each file is refused or told of, or stands as written, or a save carries along every text in it.
@@ -125,6 +155,22 @@ private slots:
                 QCOMPARE(contents(midiPath()), fileOf("midi", blocks.values().join()));
             }
         }
+    }
+
+    void saveIntoAFileThatLostItsEnd_isNotDone()
+    {
+        const TestFolder folder;
+        const QByteArray cut = fileOf("midi", block("1", ",,") + block("2", ",,")).chopped(5);
+        put(midiPath(), cut);
+        MidiTable table;
+        QVERIFY(readMidiFile(table).ok() && table.endMissing); // which the person was told
+        QCOMPARE(saveMidi(table, 1, fieldsOf("5")).outcome, Outcome::Saved);
+        put(midiPath(), contents(midiPath()).chopped(5));
+        QCOMPARE(saveMidi(table, 1, fieldsOf("5")).outcome, Outcome::EndMissing);
+        Module1.archiveRefusal = "The archive is damaged.";
+        const MidiSaving saving = saveMidi(table, 1, fieldsOf("5"));
+        QCOMPARE(saving.outcome, Outcome::Refused);
+        QCOMPARE(saving.result.reason, Module1.archiveRefusal);
     }
 
     void largestTable_isReadAndTakesNoMore()

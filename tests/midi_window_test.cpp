@@ -102,6 +102,16 @@ private slots:
             QCOMPARE(textOf(window, "PC(1)"), "9");
         }
     }
+
+    void damagedArchive_letsNothingBeSaved()
+    {
+        const Program program("damaged");
+        chooseMenu("midi");
+        click(window, "Command2");
+        QVERIFY(program.told.last().startsWith("The settings were not saved."));
+        QVERIFY(program.told.last().endsWith(archiveDamaged));
+        QCOMPARE(namesIn("spartiti"), QStringList("archivio.js"));
+    }
 };
 
 QTEST_MAIN(MidiWindowTest)

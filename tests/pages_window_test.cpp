@@ -90,6 +90,19 @@ private slots:
         click("sinistra", "Command2");
         QCOMPARE(contents("spartiti/3L.jpg"), "scan b");
     }
+
+    void damagedArchive_letsNothingBeStored()
+    {
+        const Program program("damaged");
+        put("scans/a.jpg", "scan a");
+        for (const QString &picker : {QString("sinistra"), QString("destra")}) {
+            pick(picker, "a.jpg");
+            click(picker, "Command2");
+            QVERIFY(program.told.last().contains("page was not stored"));
+            QVERIFY(program.told.last().endsWith(archiveDamaged));
+        }
+        QCOMPARE(namesIn("spartiti"), QStringList("archivio.js"));
+    }
 };
 
 QTEST_MAIN(PagesWindowTest)

@@ -2,12 +2,11 @@
 
 #include "archive/Module1.h"
 #include "audio/categories_file.h"
+#include "audio/recording.h"
 #include "browse/file_list.h"
 #include "browse/folder_list.h"
 #include "controls/button.h"
 #include "controls/path_label.h"
-#include "files/data_folder.h"
-#include "files/safe_write.h"
 #include "window/message_box.h"
 
 static constexpr int buttonsInColumn = 11;
@@ -62,7 +61,8 @@ void mp3::load()
         Command3[k]->setAccessibleName(name.isEmpty() ? Command3[k]->accessibleDescription() : name);
     }
     if (!read.ok())
-        messageBox("A category without a name is shown by its number.\n" + read.text());
+        messageBox("A category without a name is shown by its number.\n" + read.text()
+                   + "\nThe names can be given in the main window's menu \"Archive\", \"Categories…\".");
 }
 
 void mp3::File1_Click()
@@ -78,12 +78,11 @@ void mp3::Command3_Click(int index)
         messageBox("You must select an mp3 file!");
         return;
     }
-    if (const Result copied = copyFile(source, recordingPath(Module1.pageRecord)); !copied.ok()) {
+    const Result stored = storeRecording(Module1.pageRecord, source, Module1.audioRecord, index);
+    if (!stored.ok()) {
         messageBox("Neither the category nor the recording was stored; both are as they were before.\n"
-                   + copied.text());
+                   + stored.text());
         return;
     }
-    Module1.recCategory[static_cast<size_t>(Module1.audioRecord)] = QString::number(index);
-    Module1.archiveChanged = true;
     hide();
 }

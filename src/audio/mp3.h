@@ -25,10 +25,11 @@ private:
     void makeCategoryButtons(ControlMaker make);
 
     void File1_Click();
-    void Command3_Click(int index);
+    void Command3_Click(int index); // a category
 
-    FolderList *Dir1 = nullptr;
-    FileList *File1 = nullptr;
-    PathLabel *Label1 = nullptr;
-    std::array<Button *, 34> Command3 = {}; // 1 to 33
+    // In the order of the table of controls.
+    FolderList *Dir1 = nullptr; // the folders
+    FileList *File1 = nullptr; // the recordings in the open folder
+    std::array<Button *, 34> Command3 = {}; // the categories, 1 to 33
+    PathLabel *Label1 = nullptr; // the recording picked
 };

@@ -12,9 +12,9 @@ QString archivePath(const QString &root)
     return inDataFolder("archivio.js", root);
 }
 
-QString categoriesPath()
+QString categoriesPath(const QString &root)
 {
-    return inDataFolder("generi.js");
+    return inDataFolder("generi.js", root);
 }
 
 QString playlistPath()

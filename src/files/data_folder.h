@@ -10,7 +10,7 @@
 enum class Page { Left, Right };
 
 QString archivePath(const QString &root = ".");
-QString categoriesPath();
+QString categoriesPath(const QString &root = ".");
 QString playlistPath();
 QString midiPath();
 QString csvPath();

@@ -80,3 +80,13 @@ qsizetype countTokens(TokenFile file)
     }
     return count;
 }
+
+qsizetype lineAt(QByteArrayView bytes, qsizetype position)
+{
+    qsizetype line = 1;
+    for (qsizetype i = 0; i < position; i += 1) {
+        const bool isPair = bytes[i] == '\r' && i + 1 < bytes.size() && bytes[i + 1] == '\n';
+        line += !isPair && (bytes[i] == '\r' || bytes[i] == '\n');
+    }
+    return line;
+}

@@ -25,3 +25,6 @@ bool onlyEmptyTokensFollow(TokenFile &file);
 
 // How many tokens the file holds from its position to its end.
 qsizetype countTokens(TokenFile file);
+
+// The line that the byte at `position` stands on, counted from 1. A line ends in CR LF or either alone.
+qsizetype lineAt(QByteArrayView bytes, qsizetype position);

@@ -77,26 +77,28 @@ static qsizetype blocksIn(qsizetype tokens)
     return static_cast<qsizetype>(std::nearbyint((counter - 2) / linesPerBlock / 2));
 }
 
-static Result checkCount(qsizetype tokens, qsizetype blocks)
+static Result checkCount(qsizetype blocks)
 {
     if (blocks > MidiTable::lastBlock) {
         const auto reason = QStringLiteral("holds the settings of %1 songs, which is more than %2,");
         return Result::failed(Kind::TooLarge, midiPath(), reason.arg(blocks).arg(MidiTable::lastBlock));
     }
-    if (tokens < 1 + blocks * tokensPerBlock)
-        return Result::failed(Kind::Damaged, midiPath(), "is damaged");
     return {};
 }
 
-// False for a line with more on it than its text, or with a text that no line can hold: a save could not
-// carry it along.
+// False, with the position unmoved, where no line is left, for a line with more on it than its text, and for
+// a text that no line can hold: a save could not carry it along.
 static bool readLine(TokenFile &file, MidiTable &table, QByteArrayView &text)
 {
     if (readWrittenLine(file, text))
         return true;
     table.asWritten = false;
-    text = readToken(file);
-    return readToken(file).isEmpty() && !text.contains('"');
+    TokenFile line = file;
+    text = readToken(line);
+    if (file.atEnd() || !readToken(line).isEmpty() || text.contains('"'))
+        return false;
+    file = line;
+    return true;
 }
 
 static bool readBlock(TokenFile &file, MidiTable &table)
@@ -106,8 +108,10 @@ static bool readBlock(TokenFile &file, MidiTable &table)
     if (!readLine(file, table, text))
         return false;
     const std::optional<qint64> number = numberIn(text);
-    if (!number)
+    if (!number) {
+        file.position = start;
         return false;
+    }
     table.block.push_back({start, *number});
     for (int k = 1; k <= MidiTable::channels; k += 1) {
         if (!readLine(file, table, text))
@@ -125,10 +129,11 @@ static bool readEnd(TokenFile &file, MidiTable &table)
     if (rest != trailer)
         table.asWritten = false;
     table.endMissing = readToken(file) != "];";
-    return onlyEmptyTokensFollow(file);
+    TokenFile behind = file;
+    return onlyEmptyTokensFollow(behind);
 }
 
-// The reading pass; false where the file is damaged.
+// The reading pass; false where the file is damaged, and then the position is there.
 static bool readBlocks(TokenFile &file, MidiTable &table)
 {
     readToken(file);
@@ -143,15 +148,22 @@ static bool readBlocks(TokenFile &file, MidiTable &table)
     return readEnd(file, table);
 }
 
+static Result damaged(const TokenFile &file)
+{
+    const qsizetype line = lineAt(file.bytes, file.position);
+    return Result::failed(Kind::Damaged, midiPath(), QStringLiteral("is damaged in line %1").arg(line));
+}
+
 static Result readTable(MidiTable &table)
 {
     TokenFile file{table.bytes};
     const qsizetype tokens = countTokens(file);
     const qsizetype blocks = blocksIn(tokens);
-    if (const Result fits = checkCount(tokens, blocks); !fits.ok())
+    if (const Result fits = checkCount(blocks); !fits.ok())
         return fits;
     table.midiBlockCount = static_cast<int>(blocks);
-    return readBlocks(file, table) ? Result{} : Result::failed(Kind::Damaged, midiPath(), "is damaged");
+    const bool isWhole = readBlocks(file, table) && tokens > blocks * tokensPerBlock;
+    return isWhole ? Result{} : damaged(file);
 }
 
 Result readMidiFile(MidiTable &table)

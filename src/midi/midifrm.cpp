@@ -9,8 +9,10 @@
 #include <QPushButton>
 
 using Kind = Result::Kind;
+using Outcome = MidiSaving::Outcome;
 
 static const char defaultText[] = "000";
+static const QString notSaved = QStringLiteral("The settings were not saved");
 
 midifrm::midifrm()
     : Form({"midifrm", "Midi Device", 8640, 8640, QPoint(180, 330)})
@@ -184,51 +186,43 @@ void midifrm::closeBox()
 // Save
 void midifrm::Command2_Click()
 {
-    if (!refusal_.isEmpty()) {
-        messageBox("The settings were not saved. " + refusal_);
-        return;
-    }
-    if (!bringTableUpToDate())
-        return;
-    if (const Result written = writeMidiFile(table_, midiRecord_, boxes()); !written.ok())
-        messageBox("The settings were not saved; the file is as it was before.\n" + written.text());
+    if (!refusal_.isEmpty())
+        messageBox(notSaved + ". " + refusal_);
     else
-        messageBox("Successfully saved message");
+        tell(save());
 }
 
-static bool songDiffers(const MidiTable &one, const MidiTable &other, int midiRecord)
+// Asks before it replaces what another program did to the song; that may happen again while one is asked.
+MidiSaving midifrm::save()
 {
-    if (one.bytes.isSharedWith(other.bytes))
-        return false;
-    MidiFields here;
-    MidiFields there;
-    const int blocks = collectMidiFields(one, midiRecord, here);
-    return collectMidiFields(other, midiRecord, there) != blocks || here != there;
+    MidiSaving saving = saveMidi(table_, midiRecord_, boxes());
+    while (saving.outcome == Outcome::SongChanged
+           && askYesNo("Another program has changed this song's settings in spartiti/midi.js. Do you want to "
+                       "replace them by what this window shows?")) {
+        table_ = std::move(saving.onDisk);
+        saving = saveMidi(table_, midiRecord_, boxes());
+    }
+    return saving;
 }
 
-// Another program may have written the file since the table was read: what it did to other songs is taken
-// over, and what it did to this one is not overwritten unasked. False if nothing is to be written. A file
-// that has gone is written anew from the table.
-bool midifrm::bringTableUpToDate()
+void midifrm::tell(const MidiSaving &saving)
 {
-    MidiTable onDisk = table_;
-    const Result read = readMidiFile(onDisk);
-    if (!read.ok() && read.kind != Kind::Missing) {
-        messageBox("The settings were not saved. " + read.refusal());
-        return false;
+    switch (saving.outcome) {
+    case Outcome::Saved:
+        return messageBox("Successfully saved message");
+    case Outcome::Refused:
+        return messageBox(notSaved + ". " + saving.result.text());
+    case Outcome::NotRead:
+        return messageBox(notSaved + ". " + saving.result.refusal());
+    case Outcome::EndMissing:
+        return messageBox(notSaved
+                          + ". The end of spartiti/midi.js has gone missing since this window was opened. It "
+                            "is left as it is.");
+    case Outcome::NotWritten:
+        return messageBox(notSaved + "; the file is as it was before.\n" + saving.result.text());
+    case Outcome::SongChanged: // and the answer was No
+        return;
     }
-    if (onDisk.endMissing && !table_.endMissing) {
-        messageBox("The settings were not saved. The end of spartiti/midi.js has gone missing since this "
-                   "window was opened. It is left as it is.");
-        return false;
-    }
-    const bool differs = songDiffers(onDisk, table_, midiRecord_);
-    if (differs
-        && !askYesNo("Another program has changed this song's settings in spartiti/midi.js. Do you want to "
-                     "replace them by what this window shows?"))
-        return false;
-    table_ = std::move(onDisk);
-    return !differs || bringTableUpToDate(); // the file may have changed while the question stood
 }
 
 // Reset

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "midi/midi_file.h"
+#include "midi/midi_save.h"
 #include "window/form.h"
 
 class MidiBox;
@@ -31,11 +31,12 @@ private:
     void showSong();
     void tellIrregular(int blocks) const;
     MidiFields boxes() const;
-    bool bringTableUpToDate();
+    MidiSaving save();
+    static void tell(const MidiSaving &saving);
 
-    void Command1_Click();
-    void Command2_Click();
-    void Command3_Click();
+    void Command1_Click(); // Esc
+    void Command2_Click(); // Save
+    void Command3_Click(); // Reset
 
     using Column = std::array<MidiBox *, MidiTable::channels + 1>;
 
@@ -43,12 +44,13 @@ private:
     MidiTable table_; // the file as it was when last read or written
     QString refusal_; // why the file must not be written; empty while it may be
 
-    Column MSB{};
-    Column LSB{};
-    Column PC{};
-    QLabel *Label5 = nullptr;
-    QLabel *Label6 = nullptr;
-    QPushButton *Command1 = nullptr;
-    QPushButton *Command2 = nullptr;
-    QPushButton *Command3 = nullptr;
+    // In the order of the table of controls.
+    Column MSB{}; // bank select MSB, channels 1 to 16
+    Column LSB{}; // bank select LSB
+    Column PC{}; // program change
+    QLabel *Label5 = nullptr; // the song's title
+    QLabel *Label6 = nullptr; // hidden: how many songs have settings
+    QPushButton *Command1 = nullptr; // Esc
+    QPushButton *Command3 = nullptr; // Reset
+    QPushButton *Command2 = nullptr; // Save
 };

@@ -4,7 +4,6 @@
 #include "browse/file_list.h"
 #include "browse/folder_list.h"
 #include "controls/path_label.h"
-#include "files/safe_write.h"
 #include "window/message_box.h"
 
 #include <QPushButton>
@@ -73,34 +72,27 @@ void PagePicker::Command2_Click()
         messageBox("You must select a jpg file!");
         return;
     }
-    const int record = Module1.pageRecord;
-    if (!storePage(record) || (page_ == Page::Left && !storeEmptyRightPage(record)))
-        return;
-    messageBox("Perfect! The file was moved to the music folder.");
-    hide();
+    tell(Module1.pageRecord, storePage(Module1.pageRecord, page_, selectedFile));
 }
 
-bool PagePicker::storePage(int record) const
+void PagePicker::tell(int record, const PageStored &stored)
 {
-    const Result stored = copyFile(selectedFile, pagePath(record, page_));
-    if (!stored.ok()) {
+    const QString side = tableOf(page_).side;
+    if (stored.page.kind == Result::Kind::Refused) {
+        messageBox(QStringLiteral("The %1 page was not stored. ").arg(side) + stored.page.text());
+    } else if (!stored.page.ok()) {
         messageBox(
             QStringLiteral("The %1 page of title %2 was not stored; its pages are as they were before.\n")
-                .arg(tableOf(page_).side)
+                .arg(side)
                 .arg(record)
-            + stored.text());
-    }
-    return stored.ok();
-}
-
-bool PagePicker::storeEmptyRightPage(int record) const
-{
-    const Result stored = copyFile(emptyPagePath(), pagePath(record, Page::Right));
-    if (!stored.ok()) {
+            + stored.page.text());
+    } else if (!stored.emptySheet.ok()) {
         messageBox(QStringLiteral("The left page of title %1 was stored. Its right page is as it was before: "
                                   "the empty page could not be put there.\n")
                        .arg(record)
-                   + stored.text());
+                   + stored.emptySheet.text());
+    } else {
+        messageBox("Perfect! The file was moved to the music folder.");
+        hide();
     }
-    return stored.ok();
 }

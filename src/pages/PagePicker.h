@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/data_folder.h"
+#include "pages/page_files.h"
 #include "window/form.h"
 
 class FileList;
@@ -23,16 +23,15 @@ protected:
 
 private:
     void File1_Click();
-    void Command2_Click();
-
-    bool storePage(int record) const;
-    bool storeEmptyRightPage(int record) const;
+    void Command2_Click(); // Ok
+    void tell(int record, const PageStored &stored);
 
     const Page page_;
     QString selectedFile; // what "Ok" copies; outlives the controls
 
-    QLabel *Label2 = nullptr;
-    PathLabel *Label1 = nullptr;
-    FolderList *Dir1 = nullptr;
-    FileList *File1 = nullptr;
+    // In the order of the table of controls.
+    QLabel *Label2 = nullptr; // the heading
+    FolderList *Dir1 = nullptr; // the folders
+    FileList *File1 = nullptr; // the files of the open folder
+    PathLabel *Label1 = nullptr; // the file picked
 };

@@ -1,11 +1,24 @@
 #include "pages/page_files.h"
 
+#include "archive/Module1.h"
 #include "files/platform.h"
+#include "files/safe_write.h"
 
 #include <QFile>
 #include <QFileInfo>
 
 using Kind = Result::Kind;
+
+PageStored storePage(int record, Page side, const QString &source)
+{
+    const QString target = pagePath(record, side);
+    if (!Module1.archiveRefusal.isEmpty())
+        return {Result::failed(Kind::Refused, target, Module1.archiveRefusal), {}};
+    Result stored = copyFile(source, target);
+    if (!stored.ok() || side == Page::Right)
+        return {stored, {}};
+    return {stored, copyFile(emptyPagePath(), pagePath(record, Page::Right))};
+}
 
 static QString freeOldPath(int record, Page page)
 {

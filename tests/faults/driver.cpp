@@ -1,15 +1,17 @@
 // fault_driver FOLDER OPERATION: one operation of the core in an archive's folder, as a window does it.
 // It prints nothing, so that its exit code is the truth whatever is refused to it: 0 done, 1 not done and
-// told so, 2 called wrongly; where the archive holds the absorbed songs and pages of theirs are told to be
-// missing or another's, 16 and one bit for each: left and right of the first song, then of the second.
+// told so, 2 called wrongly, 3 the left page stored and the empty sheet told not to be; where the archive
+// holds the absorbed songs and pages of theirs are told to be missing or another's, 16 and one bit for each:
+// left and right of the first song, then of the second.
 
 #include "archive/archive_file.h"
 #include "audio/categories_file.h"
+#include "audio/recording.h"
 #include "files/data_folder.h"
 #include "files/platform.h"
-#include "files/safe_write.h"
 #include "merge/absorb.h"
-#include "midi/midi_file.h"
+#include "midi/midi_save.h"
+#include "pages/page_files.h"
 #include "playlists/playlist_file.h"
 
 #include <QDir>
@@ -61,17 +63,20 @@ static int exportCsv()
     return loadArchive().result.ok() ? done(writeCsv()) : 1;
 }
 
-static int copyPage()
+static int storeLeftPage()
 {
-    return done(copyFile("scan.jpg", pagePath(1, Page::Left)));
+    const PageStored stored = storePage(1, Page::Left, "scan.jpg");
+    if (!stored.page.ok())
+        return 1;
+    return stored.emptySheet.ok() ? 0 : 3;
 }
 
-static int copyRecording()
+static int storeCategoryAndRecording()
 {
-    return done(copyFile("scan.jpg", recordingPath(1)));
+    return done(storeRecording(1, "scan.jpg", 1, 9));
 }
 
-static int saveMidi()
+static int saveMidiSettings()
 {
     MidiTable table;
     const Result read = readMidiFile(table);
@@ -79,7 +84,7 @@ static int saveMidi()
         return 1;
     MidiFields fields;
     fields.midiFieldPc.fill("127");
-    return done(writeMidiFile(table, 1, fields));
+    return saveMidi(table, 1, fields).outcome == MidiSaving::Outcome::Saved ? 0 : 1;
 }
 
 static int absorbTwo()
@@ -125,9 +130,9 @@ static constexpr Operation operations[] = {
     {"start", start},
     {"save-archive", saveArchive},
     {"export-csv", exportCsv},
-    {"copy-page", copyPage},
-    {"copy-recording", copyRecording},
-    {"save-midi", saveMidi},
+    {"store-left-page", storeLeftPage},
+    {"store-recording", storeCategoryAndRecording},
+    {"save-midi", saveMidiSettings},
     {"absorb", absorbTwo},
     {"begin-playlists", beginPlaylists},
     {"save-playlist", savePlaylist},

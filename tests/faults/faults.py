@@ -58,7 +58,8 @@ def put_stand(folder, kilobytes):
                                              for field in (n, *["0,0,12"] * 16)]))
     put(spartiti + "playlist.js", b"var playlist = [\r\n" + b"".join(
         b'"Playlist %d","%s#",\r\n' % (n, b"123," * (kilobytes * 25)) for n in range(10)) + b" ];\r\n")
-    put(spartiti + "1L.jpg", os.urandom(1024 * kilobytes))
+    for page in ("1L", "1R", "m"):
+        put(f"{spartiti}{page}.jpg", os.urandom(1024 * kilobytes))
     put(folder + "/scan.jpg", os.urandom(1024 * kilobytes))
     put(folder + "/other/spartiti/archivio.js", archive(2, "Other song"))
     for page in ("1L", "1R", "2L"):
@@ -73,8 +74,8 @@ OPERATIONS = [
     Operation("start on an archive", "start", put_stand),
     Operation("save the archive", "save-archive", put_stand),
     Operation("export as CSV", "export-csv", put_stand),
-    Operation("copy a page", "copy-page", put_stand),
-    Operation("copy a recording", "copy-recording", put_stand),
+    Operation("store a left page", "store-left-page", put_stand),
+    Operation("store a recording", "store-recording", put_stand),
     Operation("begin playlists", "begin-playlists", put_nothing),
     Operation("open playlists", "begin-playlists", put_stand),
     Operation("save a playlist", "save-playlist", put_stand),
@@ -139,7 +140,9 @@ def verdict(before, wanted, after, code):
         return f"ended by signal {-code}"
     if 16 < code < 32:
         return absorbed_in_part(before, wanted, after, troubled_pages(before, code))
-    expected = wanted if code == 0 else before
+    expected = wanted if code in (0, 3) else before
+    if code == 3:  # the left page, without the empty sheet
+        expected = {**wanted, "spartiti/1R.jpg": before["spartiti/1R.jpg"]}
     wrong = [path for path in {*expected, *after} if after.get(path) != expected.get(path)]
     return f"exit code {code}, and yet not so: {wrong}" if wrong else None
 

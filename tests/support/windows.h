@@ -70,6 +70,10 @@ struct Program {
     void answer();
 };
 
+// What is told wherever a damaged archive keeps something from being written.
+inline constexpr char archiveDamaged[] =
+    "spartiti/archivio.js is damaged and was not read. It is left as it is.";
+
 // What a test of windows derives from: it has the program's own look.
 class WindowTest : public QObject
 {
