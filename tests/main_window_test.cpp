@@ -1,130 +1,260 @@
+#include "archive/archive_operations.h"
 #include "controls/image_frame.h"
 #include "controls/scroll_bar.h"
 #include "support/windows.h"
 
 #include <QApplication>
 #include <QImage>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QRegularExpression>
+#include <QSignalSpy>
 
-static const QString window = "Form1";
+static const QString window = "Tessaline 5.0";
 static const QString path = "spartiti/archivio.js";
+static const QString beginQuestion = "There are no titles in the archive of this folder:";
 
 static bool hasPicture(const QString &frame)
 {
     return !control<ImageFrame>(window, frame)->picture().isNull();
 }
 
+// The song on display: "number title author tags".
+static QString shown()
+{
+    return QStringList{textOf(window, "Text1"), textOf(window, "Title"), textOf(window, "Author"),
+                       textOf(window, "Tags")}
+        .join(' ')
+        .trimmed();
+}
+
+static ScrollBar *bar()
+{
+    return control<ScrollBar>(window, "Record");
+}
+
+// The program in a folder without an archive, where "Do you want to begin one?" was answered by No.
+struct EmptyProgram : Program {
+    EmptyProgram()
+        : Program(QByteArray(), {Answer::No})
+    {
+        told.clear();
+    }
+};
+
 class MainWindowTest : public WindowTest
 {
     Q_OBJECT
 private slots:
+    void start_standsWhereItShould_data()
+    {
+        QTest::addColumn<QByteArray>("archive");
+        QTest::addColumn<QString>("record");
+        QTest::addColumn<int>("reach");
+        QTest::addColumn<QString>("label");
+        QTest::addColumn<QString>("told");
+        QTest::addRow("two titles") << archiveOf({"A|||1", "B|||2"}) << "2 B" << 3 << "There are 2 titles"
+                                    << "";
+        QTest::addRow("one title") << archiveOf({"A|||1"}) << "1 A" << 2 << "There are 1 titles"
+                                   << "";
+        QTest::addRow("no titles") << archiveOf({}) << "1" << 1 << "There are 0 titles" << beginQuestion;
+        QTest::addRow("no archive") << QByteArray() << "" << 9999 << "" << beginQuestion;
+    }
     void start_standsWhereItShould()
     {
-        const char *begin = "There are no titles in the archive of this folder:";
-        const std::tuple<QByteArray, int, int, QString, QString, const char *> rows[] = {
-            {archiveOf({"A|||1", "B|||2"}), 2, 3, "2", "There are 2 titles", ""},
-            {archiveOf({}), 1, 1, "1", "There are 0 titles", begin},
-            {QByteArray(), 1, 9999, "", "", begin},
-        };
-        for (const auto &[archive, shown, reach, record, label, box] : rows) {
-            const Program program(archive);
-            const auto *bar = control<ScrollBar>(window, "VScroll1");
-            QCOMPARE(bar->value(), shown);
-            QCOMPARE(bar->maximum(), reach);
-            QCOMPARE(textOf(window, "Text1"), record);
-            QCOMPARE(textOf(window, "Label6"), label);
-            QCOMPARE(program.told.join("").section('\n', 0, 0), box);
-            QCOMPARE(Module1.pageRecord, record.toInt());
-            QCOMPARE(contents(path), archive.isNull() ? QByteArray("(missing)") : archive);
-        }
+        QFETCH(const QByteArray, archive);
+        QFETCH(const QString, record);
+        const Program program(archive);
+        QCOMPARE(shown(), record);
+        QTEST(bar()->maximum(), "reach");
+        QTEST(textOf(window, "Label6"), "label");
+        QTEST(program.told.join("").section('\n', 0, 0), "told");
+        QCOMPARE(Module1.pageRecord, record.section(' ', 0, 0).toInt());
+        QCOMPARE(contents(path), archive.isNull() ? QByteArray("(missing)") : archive);
     }
 
     void start_beginsNothingOverAnUnreachableArchive()
     {
         Program program;
-        program.rooms.form1.unload();
         QVERIFY(QFile::remove(path) && QFile::link("archivio.js", path));
-        program.rooms.form1.show();
+        program.rooms.form1.reload();
         QVERIFY(program.told.join("").startsWith("spartiti/archivio.js cannot be read"));
+    }
+
+    void anArchiveThatArrives_isReadNotReplaced_data()
+    {
+        QTest::addColumn<QString>("button"); // null at the start, before anything was typed
+        QTest::addColumn<QByteArray>("arriving");
+        QTest::addColumn<QString>("record");
+        QTest::addColumn<QString>("told");
+        const QByteArray two = archiveOf({"A|a|x|1", "B|||2"});
+        const char *damaged = "The archive was not begun. spartiti/archivio.js is damaged";
+        QTest::addRow("at the start") << QString() << two << "2 B"
+                                      << "";
+        QTest::addRow("at the start, its copying begun") << QString() << QByteArray("") << "" << damaged;
+        QTest::addRow("at Save") << "Save" << two << "3 Typed"
+                                 << "An archive has come into this folder";
+        QTest::addRow("at Add") << "Add" << two << "3 Typed"
+                                << "An archive has come into this folder";
+        QTest::addRow("at Save, half of it") << "Save" << two.first(40) << "1 Typed" << damaged;
+    }
+    void anArchiveThatArrives_isReadNotReplaced()
+    {
+        QFETCH(const QString, button);
+        QFETCH(const QByteArray, arriving);
+        EmptyProgram program;
+        program.answers = {Answer::Yes, Answer::Ok};
+        program.meanwhile = [&] { put(path, arriving); };
+        if (button.isNull()) {
+            program.rooms.form1.reload();
+        } else {
+            bar()->setFocus();
+            press(window, "VScroll1", Qt::Key_PageDown);
+            press(window, "VScroll1", Qt::Key_PageUp);
+            type(window, "Title", "Typed");
+            click(window, button);
+        }
+        QTEST(shown(), "record");
+        QCOMPARE(contents(path), arriving);
+        QTEST(program.told.value(1).section(QRegularExpression(" meanwhile| and "), 0, 0), "told");
+    }
+
+    void theEmptyWindow_beginsWithWhatWasTyped_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QStringList>("typed"); // one below the other, an empty one is passed over
+        QTest::addColumn<Answer>("answer");
+        QTest::addColumn<QByteArray>("archive");
+        QTest::addColumn<QString>("record");
+        QTest::addColumn<QString>("told");
+        QTest::addRow("Save") << "Save" << QStringList{"A"} << Answer::Yes << archiveOf({"A|||0"}) << "1 A"
+                              << "Successfully saved!";
+        QTest::addRow("Add") << "Add" << QStringList{"A"} << Answer::Yes << archiveOf({"A|||0"}) << "1 A"
+                             << "";
+        QTest::addRow("further down") << "Save" << QStringList{"", "", "A", "", "B"} << Answer::Yes
+                                      << archiveOf({"A|||0", "B|||0"}) << "2 B"
+                                      << "Successfully saved!";
+        QTest::addRow("nothing typed") << "Save" << QStringList{} << Answer::Yes << archiveOf({"|||0"}) << "1"
+                                       << "Successfully saved!";
+        QTest::addRow("No") << "Save" << QStringList{"A"} << Answer::No << QByteArray("(missing)") << "A"
+                            << "";
+    }
+    void theEmptyWindow_beginsWithWhatWasTyped()
+    {
+        QFETCH(const QString, button);
+        QFETCH(const QStringList, typed);
+        QFETCH(const Answer, answer);
+        EmptyProgram program;
+        program.answers = {answer, Answer::Ok};
+        for (const QString &title : typed) {
+            if (&title != &typed.first())
+                press(window, "VScroll1", Qt::Key_PageDown);
+            type(window, "Title", title);
+        }
+        click(window, button);
+        QVERIFY(program.told.value(0).startsWith(beginQuestion));
+        QTEST(program.told.value(1), "told");
+        QTEST(contents(path), "archive");
+        QTEST(shown(), "record");
+        QCOMPARE(hasUnsavedChanges(), answer == Answer::No);
     }
 
     void browsing_showsEachRecordAndEditsNothing()
     {
-        const Program program(archiveOf({"A|a|x|1", "A title with \\ in it||y|2"}));
+        const Program program(archiveOf({"A|a|x|1", "A title with \\\\ in it||y|2"}));
         for (const char *page : {"1L", "3R"})
             QVERIFY(QImage(200, 300, QImage::Format_RGB32).save(QString("spartiti/%1.jpg").arg(page)));
         put("spartiti/1R.jpg", "no picture");
         put("spartiti/audio/1.mp3", "");
-        QVERIFY(!hasPicture("Image1") && !control(window, "Picture1")->isVisible());
-        press(window, "Text2", Qt::Key_PageUp);
-        QCOMPARE(textOf(window, "Text2") + textOf(window, "Text3") + textOf(window, "Text4"), "Aax");
-        QVERIFY(hasPicture("Image1") && !hasPicture("Image2") && control(window, "Picture1")->isVisible());
+        QVERIFY(!hasPicture("Left page"));
+        QVERIFY(!control(window, "Picture1")->isVisible());
+        press(window, "Title", Qt::Key_PageUp);
+        QCOMPARE(shown(), "1 A a x");
+        QVERIFY(hasPicture("Left page"));
+        QVERIFY(!hasPicture("Right page"));
+        QVERIFY(control(window, "Picture1")->isVisible());
         press(window, "VScroll1", Qt::Key_End);
-        QCOMPARE(textOf(window, "Text1") + textOf(window, "Text2"), "3");
-        QVERIFY(hasPicture("Image2") && !Module1.archiveChanged);
+        QCOMPARE(shown(), "3");
+        QVERIFY(hasPicture("Right page"));
+        QVERIFY(!hasUnsavedChanges());
+    }
+
+    void browsing_showsTheBeginningOfALongText()
+    {
+        const QString text = QString("beginning ").repeated(40);
+        const Program program(archiveOf({text + '|' + text + '|' + text + "|1", "B|||2"}));
+        press(window, "Title", Qt::Key_PageUp);
+        for (const QString box : {"Title", "Author", "Tags"})
+            QCOMPARE(control<QLineEdit>(window, box)->cursorPositionAt({1, 15}), 0);
     }
 
     void add_opensOneEmptyRecordUpToTheLimit()
     {
         const Program program(archiveOf(QStringList(9998, "T|||1")));
-        press(window, "Text2", Qt::Key_PageUp);
-        click(window, "Command5");
-        click(window, "Command5"); // one is enough
-        QCOMPARE(textOf(window, "Text1") + textOf(window, "Text2"), "9999");
+        press(window, "Title", Qt::Key_PageUp);
+        click(window, "Add");
+        click(window, "Add"); // one is enough
+        QCOMPARE(shown(), "9999");
         QCOMPARE(textOf(window, "Label6"), "There are 9998 titles");
-        type(window, "Text2", "C");
-        press(window, "Text2", Qt::Key_S, Qt::ControlModifier);
+        type(window, "Title", "C");
+        press(window, "Title", Qt::Key_S, Qt::ControlModifier);
         QCOMPARE(contents(path), archiveOf(QStringList(9998, "T|||1") + QStringList("C|||0")));
         QCOMPARE(textOf(window, "Label6"), "There are 9999 titles");
-        click(window, "Command5");
+        click(window, "Add");
         QCOMPARE(program.told.value(1), "The archive is full: it holds 9999 titles.");
     }
 
     void add_takesWhatWasTypedBehindTheLastRecord()
     {
         const Program program(archiveOf({"A|a|x|1"}));
-        press(window, "Text2", Qt::Key_PageDown);
-        type(window, "Text2", "B");
-        click(window, "Command1");
+        press(window, "Title", Qt::Key_PageDown);
+        type(window, "Title", "B");
+        click(window, "Save");
         QCOMPARE(contents(path), archiveOf({"A|a|x|1"}));
         windowNamed(window)->close(); // asks, and stays
         QCOMPARE(program.told.size(), 2);
-        click(window, "Command5");
-        click(window, "Command1");
+        click(window, "Add");
+        click(window, "Save");
         QCOMPARE(contents(path), archiveOf({"A|a|x|1", "B|||0"}));
     }
 
     void save_failingChangesNothing()
     {
         const Program program(archiveOf({"A|a|x|1"}));
-        type(window, "Text2", "!");
-        clickWithFullDisk(window, "Command1");
+        type(window, "Title", "!");
+        clickWithFullDisk(window, "Save");
         QVERIFY(program.told.value(0).startsWith("The archive was not saved; the file is as it was"));
         QCOMPARE(contents(path), archiveOf({"A|a|x|1"}));
-        QVERIFY(Module1.recTitle[1] == "!" && Module1.archiveChanged);
-        click(window, "Command1");
+        QCOMPARE(Module1.recTitle[1], "!");
+        QVERIFY(hasUnsavedChanges());
+        click(window, "Save");
         QCOMPARE(contents(path), archiveOf({"!|a|x|1"}));
     }
 
     void save_asksBeforeItUndoesWhatAnotherProgramDid()
     {
         const QByteArray others = archiveOf({"A|a|x|1", "B|||2"});
-        const Program program(archiveOf({"A|a|x|1"}), {Answer::No, Answer::Yes, Answer::Ok});
-        type(window, "Text2", "!");
+        const QByteArray later = archiveOf({"A|a|x|1", "B|||2", "C|||3"});
+        Program program(archiveOf({"A|a|x|1"}), {enterKey, Answer::Yes, Answer::Yes, Answer::Ok});
+        type(window, "Title", "!");
         put(path, others);
-        click(window, "Command1");
+        click(window, "Save");
         QCOMPARE(contents(path), others);
-        click(window, "Command1");
-        click(window, "Command1"); // it is this window's own file again: no question
+        program.meanwhile = [&] { put(path, later); }; // so there is a second question
+        click(window, "Save");
+        click(window, "Save"); // it is this window's own file again: no question
         QCOMPARE(contents(path), archiveOf({"!|a|x|1"}));
-        QCOMPARE(program.told.size(), 4);
+        QCOMPARE(program.told.count("Successfully saved!"), 2);
+        QCOMPARE(program.told.size(), 5);
     }
 
     void save_refusesToReplaceADamagedArchive()
     {
         const Program program("\"cut");
-        click(window, "Command1");
+        click(window, "Save");
         QVERIFY(program.told.value(0).startsWith("spartiti/archivio.js is damaged and was not read."));
-        QVERIFY(program.told.value(1).startsWith("The archive was not saved. spartiti/archivio.js is"));
+        QVERIFY(program.told.value(1).startsWith("The archive was not saved"));
+        QVERIFY(program.told.value(1).endsWith(program.told[0]));
         QCOMPARE(contents(path), "\"cut");
     }
 
@@ -132,32 +262,120 @@ private slots:
     {
         const Program program({}, {Answer::Yes, Answer::Ok});
         QCOMPARE(contents(path), archiveOf({"|||0"}));
-        type(window, "Text2", "For Elise, \"so gut\"");
-        click(window, "Command1");
+        type(window, "Title", "For Elise, \"so gut\"");
+        click(window, "Save");
         QCOMPARE(contents(path), archiveOf({"For Elise, 'so gut'|||0"}));
         QCOMPARE(program.told.value(1), "Successfully saved!");
-        click(window, "Command5");
-        QVERIFY(!control(window, "Command6")->isVisible());
-        press(window, "Text2", Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
-        click(window, "Command6");
+        click(window, "Add");
+        QVERIFY(!control(window, "SALVA CSV")->isVisible());
+        press(window, "Title", Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
+        click(window, "SALVA CSV");
         QCOMPARE(contents("spartiti/ARCHIVIO.CSV"),
                  "\"1\",\"For Elise, 'so gut'\",\"\",\"\",\"0\",\"0\",\"0\",\"0\"\r\n"
                  "\"\",\"\",\"\",\"\",\"0\",\"0\",\"0\",\"0\"\r\n");
     }
 
+    void reload_forgetsWhatIsNoLongerThere()
+    {
+        Program program;
+        press(window, "Title", Qt::Key_PageDown);
+        type(window, "Title", "Typed");
+        put(path, archiveOf({"A|a|x|1"}));
+        program.rooms.form1.reload();
+        QCOMPARE(shown(), "1 A a x");
+        press(window, "Title", Qt::Key_PageDown);
+        QCOMPARE(shown(), "2");
+        QVERIFY(!hasUnsavedChanges());
+        QCOMPARE(Module1.recTitle[3] + Module1.recTitle[4], "");
+    }
+
+    void reload_endsARefusalAndShowsTheSongAskedFor()
+    {
+        Program program("\"cut");
+        put(path, archiveOf({"A|||1", "B|||2", "C|||3"}));
+        program.rooms.form1.reload(2);
+        QCOMPARE(shown(), "2 B");
+        program.rooms.form1.showSong(1);
+        QCOMPARE(shown(), "1 A");
+        QVERIFY(program.rooms.form1.save());
+    }
+
+    void songsThatStopTheViewer_areNamedOnce()
+    {
+        Program program(archiveOf({"AC\\DC|||1", "B|two\nlines|x|2", "C|c|\r|3", "D|||4"}));
+        QCOMPARE(program.told.value(0).section('\n', 1), "1  AC\\DC\n2  B\n3  C");
+        put(path, archiveOf({"AC\\DC|||1", "B|||2", "C|c|x\\|3"}));
+        program.rooms.form1.reload(1);
+        QCOMPARE(program.told.size(), 1);
+        put(path, archiveOf({"AC\\DC|||1", "B\\|||2", "C|||3", "D\\|||4"}));
+        program.rooms.form1.reload(1);
+        QCOMPARE(program.told.value(1).section('\n', 1), "4  D\\");
+        type(window, "Title", "AC DC");
+        QCOMPARE(unviewableSongs(), (QList<int>{2, 4}));
+    }
+
+    void aMinimisedWindow_comesBack()
+    {
+        const Program program;
+        click(window, "Left");
+        windowNamed("Left page")->showMinimized();
+        click(window, "Left");
+        QVERIFY(!windowNamed("Left page")->isMinimized());
+    }
+
+    void menus_standBehindWork()
+    {
+        QAction action("Versions");
+        QAction other("Check");
+        Form1 form({}, {{"Edit", {}}, {"Archive", {&action, nullptr, &other}}});
+        put(path, archiveOf({"A|||1"}));
+        form.show();
+        waitUntilActive(window);
+        QStringList titles;
+        for (const QAction *menu : windowNamed(window)->findChild<QMenuBar *>()->actions())
+            titles += menu->text();
+        QCOMPARE(titles.join(' '), "Work Archive");
+        QSignalSpy chosen(&action, &QAction::triggered);
+        press(window, "Title", Qt::Key_A, Qt::AltModifier);
+        for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return})
+            QTest::keyClick(QApplication::activePopupWidget(), key);
+        QCOMPARE(chosen.size(), 1);
+        form.unload();
+        form.show();
+        chooseMenu("Versions"); // the action outlived the first window
+        QCOMPARE(chosen.size(), 2);
+    }
+
+    void leaving_asksOnlyAtTheCloseBox_data()
+    {
+        QTest::addColumn<bool>("edited");
+        QTest::addColumn<bool>("byMenu");
+        QTest::addColumn<int>("questions");
+        QTest::addRow("nothing changed") << false << false << 0;
+        QTest::addRow("changed") << true << false << 1;
+        QTest::addRow("changed, by Exit") << true << true << 0;
+    }
     void leaving_asksOnlyAtTheCloseBox()
     {
-        const std::tuple<bool, bool, int> rows[] = {{false, false, 0}, {true, false, 1}, {true, true, 0}};
-        for (const auto &[edited, byMenu, questions] : rows) {
-            Program program(archiveOf({"A|a|x|1"}), {Answer::Yes});
-            if (edited)
-                type(window, "Text4", "z");
-            QTimer::singleShot(0, &program.rooms.form1,
-                               [&] { byMenu ? chooseMenu("chiudi") : void(windowNamed(window)->close()); });
-            QCOMPARE(QApplication::exec(), 0);
-            QCOMPARE(program.told.size(), questions);
-            QCOMPARE(contents(path), archiveOf({"A|a|x|1"}));
-        }
+        QFETCH(const bool, edited);
+        QFETCH(const bool, byMenu);
+        Program program(archiveOf({"A|a|x|1"}), {Answer::Yes});
+        if (edited)
+            type(window, "Tags", "z");
+        QTimer::singleShot(0, &program.rooms.form1,
+                           [&] { byMenu ? chooseMenu("Exit") : void(windowNamed(window)->close()); });
+        QCOMPARE(QApplication::exec(), 0);
+        QTEST(static_cast<int>(program.told.size()), "questions");
+        QCOMPARE(contents(path), archiveOf({"A|a|x|1"}));
+    }
+
+    void leaving_staysAtEnter()
+    {
+        Program program(archiveOf({"A|a|x|1"}), {enterKey});
+        type(window, "Tags", "z");
+        windowNamed(window)->close();
+        QCOMPARE(textOf(window, "Tags"), "z");
+        QCOMPARE(program.told.size(), 1);
     }
 };
 

@@ -1,13 +1,23 @@
 #include "archive/archive_operations.h"
 
-#include "archive/Module1.h"
 #include "files/data_folder.h"
+#include "files/platform.h"
+#include "files/safe_write.h"
+
+#include <memory>
+
+using Kind = Result::Kind;
 
 Result checkArchive()
 {
     return Module1.archiveRefusal.isEmpty()
         ? Result{}
-        : Result::failed(Result::Kind::Refused, archivePath(), Module1.archiveRefusal);
+        : Result::failed(Kind::Refused, archivePath(), Module1.archiveRefusal);
+}
+
+static bool holdsText(const Module1State &state, size_t n)
+{
+    return !state.recTitle[n].isEmpty() || !state.recAuthor[n].isEmpty() || !state.recTags[n].isEmpty();
 }
 
 bool hasUnsavedChanges()
@@ -15,11 +25,19 @@ bool hasUnsavedChanges()
     if (Module1.archiveChanged)
         return true;
     for (size_t n = static_cast<size_t>(Module1.recCount) + 1; n <= Module1State::lastRecord; n += 1) {
-        if (!Module1.recTitle[n].isEmpty() || !Module1.recAuthor[n].isEmpty()
-            || !Module1.recTags[n].isEmpty())
+        if (holdsText(Module1, n))
             return true;
     }
     return false;
+}
+
+bool isArchiveOtherThan(QByteArray &known)
+{
+    QByteArray bytes;
+    const bool differs = readWhole(archivePath(), bytes).ok() && bytes != known;
+    if (differs)
+        known = std::move(bytes);
+    return differs;
 }
 
 void forgetArchive()
@@ -31,4 +49,91 @@ void forgetArchive()
     Module1.archiveRefusal.clear();
     Module1.archiveOnDisk.clear();
     Module1.archiveChanged = false;
+}
+
+// As added songs behind the last one, as far as there is room.
+static void appendTyped(const Module1State &typed)
+{
+    for (size_t n = 1; n <= Module1State::lastRecord && Module1.recCount < Module1State::lastRecord; n += 1) {
+        if (!holdsText(typed, n) && typed.recCategory[n].isEmpty())
+            continue;
+        Module1.recCount += 1;
+        const auto entry = static_cast<size_t>(Module1.recCount);
+        Module1.recTitle[entry] = typed.recTitle[n];
+        Module1.recAuthor[entry] = typed.recAuthor[n];
+        Module1.recTags[entry] = typed.recTags[n];
+        Module1.recCategory[entry] = typed.recCategory[n];
+        Module1.archiveChanged = true;
+    }
+}
+
+// A file of no bytes may be one that is being copied; an archive of no titles has some.
+bool hasArchiveArrived()
+{
+    return !isMissing(archivePath())
+        && (Module1.archiveOnDisk.isEmpty() || !holdsJust(archivePath(), Module1.archiveOnDisk));
+}
+
+ArchiveBeginning beginArchive()
+{
+    const auto typed = std::make_unique<const Module1State>(Module1);
+    const bool isOther = hasArchiveArrived();
+    ArchiveBeginning begun;
+    forgetArchive();
+    if (isOther)
+        begun.reading = loadArchive();
+    if (!begun.reading.result.ok()) {
+        const QString refusal = Module1.archiveRefusal;
+        Module1 = *typed;
+        Module1.archiveRefusal = refusal;
+        begun.written = refusal.isEmpty() ? begun.reading.result : checkArchive();
+        return begun;
+    }
+    begun.hasArrived = Module1.recCount > 0;
+    appendTyped(*typed);
+    if (begun.hasArrived)
+        return begun;
+    begun.written = writeArchive(qMax(Module1.recCount, 1));
+    if (begun.written.ok())
+        begun.reading = loadArchive();
+    else
+        Module1 = *typed;
+    return begun;
+}
+
+ArchiveSaving saveArchive()
+{
+    ArchiveSaving saved;
+    saved.written = writeArchive();
+    if (saved.written.ok())
+        saved.readBack = loadArchive().result;
+    return saved;
+}
+
+Adding addSong()
+{
+    if (Module1.recTitle[static_cast<size_t>(Module1.recCount)].isEmpty())
+        return Adding::LastIsEmpty;
+    if (Module1.recCount == Module1State::lastRecord)
+        return Adding::Full;
+    Module1.recCount += 1;
+    Module1.archiveChanged = true;
+    return Adding::Added;
+}
+
+static bool stopsViewer(const QString &text)
+{
+    const auto isTrouble = [](QChar letter) { return letter == u'\\' || letter == u'\n' || letter == u'\r'; };
+    return std::any_of(text.begin(), text.end(), isTrouble);
+}
+
+QList<int> unviewableSongs()
+{
+    QList<int> songs;
+    for (size_t n = 1; n <= static_cast<size_t>(Module1.recCount); n += 1) {
+        if (stopsViewer(Module1.recTitle[n]) || stopsViewer(Module1.recAuthor[n])
+            || stopsViewer(Module1.recTags[n]))
+            songs += static_cast<int>(n);
+    }
+    return songs;
 }

@@ -6,10 +6,8 @@
 #include "controls/text_box.h"
 #include "files/data_folder.h"
 #include "files/platform.h"
-#include "window/message_box.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLayout>
@@ -91,7 +89,7 @@ void Form1::makeButtons(ControlMaker make)
     Command6 = make.button("Command6", "SALVA CSV", {3720, 5040, 3375, 375});
     Command6->hide();
     on(VScroll1, &QScrollBar::valueChanged, [this] { showRecord(); });
-    on(Command1, &QPushButton::clicked, [this] { save(); });
+    on(Command1, &QPushButton::clicked, [this] { Command1_Click(); });
     on(Command2, &QPushButton::clicked, [this] { Command2_Click(); });
     on(Command3, &QPushButton::clicked, [this] { show_.sinistra(); });
     on(Command4, &QPushButton::clicked, [this] { show_.destra(); });
@@ -118,8 +116,15 @@ void Form1::makeMenus()
        [this] { show_.Premerge(); });
     on(entry("chiudi", "Exit", {}), &QAction::triggered, [this] { chiudi_Click(); });
     for (const Menu &menu : menus_) {
-        if (!menu.entries.isEmpty())
-            makeMenu(menu.title)->addActions(menu.entries);
+        if (menu.entries.isEmpty())
+            continue;
+        QMenu *made = makeMenu(menu.title);
+        for (QAction *action : menu.entries) {
+            if (action)
+                made->addAction(action);
+            else
+                made->addSeparator();
+        }
     }
 }
 
@@ -154,51 +159,19 @@ bool Form1::eventFilter(QObject *watched, QEvent *event)
 
 void Form1::load()
 {
-    Module1.recCount = 0;
-    bool isRead = !isMissing(archivePath());
-    if (isRead && !readArchive())
+    const ArchiveReading reading = loadArchive();
+    const bool isMissing = reading.result.kind == Result::Kind::Missing;
+    if (!isMissing && !tell(reading))
         return;
-    if (Module1.recCount == 0 && beginArchive())
-        isRead = readArchive();
-    if (!isRead)
-        return;
+    if (Module1.recCount > 0 || begin() || !isMissing)
+        showArchive(Module1.recCount);
+}
+
+void Form1::showArchive(int record)
+{
     showCount();
     VScroll1->setMaximum(qMin(Module1.recCount + 1, Module1State::lastRecord));
-    showAnew(qMax(Module1.recCount, 1));
-}
-
-bool Form1::readArchive()
-{
-    const ArchiveReading reading = loadArchive();
-    if (!reading.result.ok()) {
-        const QString &refusal = Module1.archiveRefusal;
-        messageBox(refusal.isEmpty() ? reading.result.text() : refusal);
-        return false;
-    }
-    if (reading.irregularRecord > 0) {
-        messageBox(QStringLiteral("spartiti/archivio.js is not as it should be from title %1 on: fields may "
-                                  "stand in the wrong place. It was read as it stands, and a Save would "
-                                  "make that permanent.")
-                       .arg(reading.irregularRecord));
-    } else if (reading.endMissing) {
-        messageBox(QStringLiteral("The end of spartiti/archivio.js is missing or is not as it should be. "
-                                  "%1 titles were read, and a Save would keep these alone.")
-                       .arg(Module1.recCount));
-    }
-    return true;
-}
-
-// True if an archive of one empty record now lies on the disk.
-bool Form1::beginArchive()
-{
-    const QString folder = QDir::toNativeSeparators(QDir::currentPath());
-    if (!askYesNo("There are no titles in the archive of this folder:\n" + folder
-                  + "\nDo you want to begin one?"))
-        return false;
-    const Result written = writeArchive(1);
-    if (!written.ok())
-        messageBox("The archive was not begun. " + written.text());
-    return written.ok();
+    showAnew(qMax(record, 1));
 }
 
 void Form1::showAnew(int record)
@@ -223,12 +196,15 @@ void Form1::showRecord()
     Text2->setText(Module1.recTitle[entry]);
     Text3->setText(Module1.recAuthor[entry]);
     Text4->setText(Module1.recTags[entry]);
+    for (TextBox *box : {Text2, Text3, Text4})
+        box->home(false); // a long text shows its beginning
     Module1.pageRecord = n;
     Image1->showFile(pagePath(n, Page::Left));
     Image2->showFile(pagePath(n, Page::Right));
     Picture1->setVisible(QFileInfo::exists(recordingPath(n)));
 }
 
+// Every keystroke lands in the record on display.
 void Form1::writeThrough(Module1State::Column &column, const TextBox *box)
 {
     QString &entry = column[static_cast<size_t>(VScroll1->value())];
@@ -238,67 +214,9 @@ void Form1::writeThrough(Module1State::Column &column, const TextBox *box)
     Module1.archiveChanged = true;
 }
 
-bool Form1::save()
-{
-    if (wasArchiveReplaced() && !askBeforeLoss(archiveReplacedQuestion))
-        return false;
-    if (const Result written = writeArchive(); !written.ok()) {
-        messageBox(written.kind == Result::Kind::Refused
-                       ? "The archive was not saved. " + written.reason
-                       : "The archive was not saved; the file is as it was before.\n" + written.text());
-        return false;
-    }
-    if (const ArchiveReading reading = loadArchive(); !reading.result.ok()) {
-        messageBox("The archive was saved, but could not be read back.\n" + reading.result.text());
-        return false;
-    }
-    showCount();
-    messageBox("Successfully saved!");
-    return true;
-}
-
 // Mp3
 void Form1::Command2_Click()
 {
     Module1.audioRecord = VScroll1->value();
     show_.mp3();
-}
-
-// Add
-void Form1::Command5_Click()
-{
-    if (Module1.recTitle[static_cast<size_t>(Module1.recCount)].isEmpty())
-        return;
-    if (Module1.recCount == Module1State::lastRecord) {
-        messageBox("The archive is full: it holds 9999 titles.");
-        return;
-    }
-    Module1.recCount += 1;
-    Module1.archiveChanged = true;
-    VScroll1->setMaximum(Module1.recCount);
-    VScroll1->setValue(Module1.recCount);
-}
-
-// SALVA CSV
-void Form1::Command6_Click()
-{
-    if (const Result written = writeCsv(); !written.ok())
-        messageBox("The export was not written; an earlier one is as it was before.\n"
-                   + (written.kind == Result::Kind::Refused ? written.reason : written.text()));
-    else
-        messageBox("OK! CONVERSIONE EFFETTUATA CON SUCCESSO CVS!");
-}
-
-// Exit
-void Form1::chiudi_Click()
-{
-    unload();
-    QCoreApplication::exit();
-}
-
-void Form1::closeBox()
-{
-    if (!hasUnsavedChanges()
-        || askBeforeLoss("There are changes that have not been saved. Close all the same?"))
-        chiudi_Click();
 }

@@ -59,32 +59,38 @@ private:
 
     void showRecord();
     void writeThrough(Module1State::Column &column, const TextBox *box);
-    void Command2_Click();
-    void Command5_Click();
-    void Command6_Click();
-    void chiudi_Click();
+    void Command2_Click(); // Mp3
+    void Command1_Click(); // Save
+    void Command5_Click(); // Add
+    void Command6_Click(); // SALVA CSV
+    void chiudi_Click(); // Exit
 
-    bool readArchive();
-    bool beginArchive();
+    bool tell(const ArchiveReading &reading);
+    void tellUnviewable();
+    bool begin();
+    bool beginWithTyped();
+    bool saveSongs();
+    void showArchive(int record);
     void showAnew(int record);
     void showCount();
 
-    TextBox *Text1 = nullptr;
-    TextBox *Text2 = nullptr;
-    TextBox *Text3 = nullptr;
-    TextBox *Text4 = nullptr;
-    ImageFrame *Image1 = nullptr;
-    ImageFrame *Image2 = nullptr;
-    QLabel *Picture1 = nullptr;
-    QLabel *Label6 = nullptr;
-    QPushButton *Command1 = nullptr;
-    QPushButton *Command2 = nullptr;
-    QPushButton *Command3 = nullptr;
-    QPushButton *Command4 = nullptr;
-    QPushButton *Command5 = nullptr;
-    QPushButton *Command6 = nullptr;
-    ScrollBar *VScroll1 = nullptr;
+    TextBox *Text2 = nullptr; // the title
+    TextBox *Text3 = nullptr; // the author
+    TextBox *Text4 = nullptr; // the tags
+    TextBox *Text1 = nullptr; // the song's number, to be read alone
+    ImageFrame *Image1 = nullptr; // the left page
+    ImageFrame *Image2 = nullptr; // the right page
+    QPushButton *Command3 = nullptr; // Left
+    QPushButton *Command4 = nullptr; // Right
+    QPushButton *Command2 = nullptr; // Mp3
+    QLabel *Picture1 = nullptr; // the mark of a recording
+    QLabel *Label6 = nullptr; // how many titles there are
+    QPushButton *Command1 = nullptr; // Save
+    QPushButton *Command5 = nullptr; // Add
+    ScrollBar *VScroll1 = nullptr; // the song on display
+    QPushButton *Command6 = nullptr; // SALVA CSV, hidden at first
 
+    QList<int> toldUnviewable_; // the songs of which tellUnviewable() has told
     const Doors show_;
     const QList<Menu> menus_;
 };

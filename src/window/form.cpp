@@ -1,6 +1,7 @@
 #include "window/form.h"
 
 #include "look/look.h"
+#include "window/bring_forward.h"
 
 #include <QAccessibleWidget>
 #include <QEvent>
@@ -39,9 +40,7 @@ void Form::show()
 {
     if (!isLoaded())
         create();
-    window_->show();
-    window_->raise();
-    window_->activateWindow();
+    bringForward(window_);
 }
 
 void Form::hide()

@@ -15,15 +15,6 @@ LayoutWindow::LayoutWindow(const QString &name, const QString &title, QSize size
     resize(size.boundedTo(screen()->availableSize() - QSize(0, titleBar)));
 }
 
-// Also a minimised window comes back.
-void LayoutWindow::comeForward()
-{
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
-}
-
 void LayoutWindow::closeEvent(QCloseEvent *event)
 {
     event->setAccepted(!isWorking_);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "window/bring_forward.h"
+
 #include <QPointer>
 #include <QWidget>
 
@@ -16,7 +18,7 @@ public:
     // While work is running the window stays.
     void setWorking(bool working) { isWorking_ = working; }
 
-    void comeForward();
+    void comeForward() { bringForward(this); }
 
 protected:
     void closeEvent(QCloseEvent *event) override;

@@ -4,7 +4,7 @@
 // holds the absorbed songs and pages of theirs are told to be missing or another's, 16 and one bit for each:
 // left and right of the first song, then of the second.
 
-#include "archive/archive_file.h"
+#include "archive/archive_operations.h"
 #include "audio/categories_file.h"
 #include "audio/recording.h"
 #include "files/data_folder.h"
@@ -46,16 +46,18 @@ static int start()
     const Result read = loadArchive().result;
     if (!read.ok() && read.kind != Kind::Missing)
         return 1;
-    return Module1.recCount > 0 ? 0 : done(writeArchive(1));
+    if (Module1.recCount > 0)
+        return 0;
+    return done(beginArchive().written);
 }
 
-static int saveArchive()
+static int saveChanged()
 {
     if (!loadArchive().result.ok())
         return 1;
     Module1.recTitle[1] = "Changed";
     Module1.recCount += 1;
-    return done(writeArchive());
+    return done(saveArchive().written); // where reading back fails, the new file stands
 }
 
 static int exportCsv()
@@ -128,7 +130,7 @@ struct Operation {
 static constexpr Operation operations[] = {
     {"check", check},
     {"start", start},
-    {"save-archive", saveArchive},
+    {"save-archive", saveChanged},
     {"export-csv", exportCsv},
     {"store-left-page", storeLeftPage},
     {"store-recording", storeCategoryAndRecording},

@@ -7,6 +7,12 @@
 #include <QAction>
 #include <QApplication>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
 
 QWidget *windowNamed(const QString &name)
 {
@@ -19,8 +25,6 @@ QWidget *windowNamed(const QString &name)
 
 bool isCalled(const QObject *control, const QString &name)
 {
-    if (const auto *action = qobject_cast<const QAction *>(control))
-        return action->text() == name;
     if (const auto *button = qobject_cast<const QAbstractButton *>(control); button && button->text() == name)
         return true;
     const auto *widget = qobject_cast<const QWidget *>(control);
@@ -29,7 +33,9 @@ bool isCalled(const QObject *control, const QString &name)
 
 void failTest(const QString &words)
 {
-    qFatal("%s", qPrintable(words));
+    QTest::qFail(qPrintable(words), __FILE__, __LINE__);
+    std::fflush(nullptr);
+    std::_Exit(EXIT_FAILURE);
 }
 
 QString textOf(const QString &window, const QString &name)
@@ -65,7 +71,10 @@ void waitUntilActive(const QString &window)
 
 void click(const QString &window, const QString &name)
 {
-    QTest::mouseClick(control(window, name), Qt::LeftButton);
+    QWidget *clicked = control(window, name);
+    if (!clicked->isVisible() || !clicked->isEnabled())
+        failTest(name + " in the window " + window + " cannot be clicked");
+    QTest::mouseClick(clicked, Qt::LeftButton);
 }
 
 void clickWithFullDisk(const QString &window, const QString &name, rlim_t room)
@@ -115,12 +124,22 @@ void type(const QString &window, const QString &box, const QString &text)
 
 void press(const QString &window, const QString &name, Qt::Key key, Qt::KeyboardModifiers held)
 {
+    waitUntilActive(window);
     QTest::keyClick(control(window, name), key, held);
 }
 
 void chooseMenu(const QString &entry)
 {
-    control<QAction>("Form1", entry)->trigger();
+    auto *bar = windowNamed("Form1")->findChild<QMenuBar *>();
+    for (QMenu *menu : bar->findChildren<QMenu *>()) {
+        for (QAction *action : menu->actions()) {
+            if (action->text() != entry && action->objectName() != entry)
+                continue;
+            QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(menu->menuAction()).center());
+            return QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+        }
+    }
+    failTest("no entry " + entry + " in the menus");
 }
 
 Program::Program(const QByteArray &archive, const QList<Answer> &ahead)
@@ -140,8 +159,12 @@ void Program::answer()
     if (!box || !box->isVisible())
         return;
     told += box->text();
+    if (const auto happens = std::exchange(meanwhile, {}))
+        happens();
     if (answers.isEmpty())
         QTest::keyClick(box, Qt::Key_Escape);
+    else if (answers.first() == enterKey && answers.takeFirst() == enterKey)
+        QTest::keyClick(box->windowHandle(), Qt::Key_Return);
     else
         QTest::mouseClick(box->button(answers.takeFirst()), Qt::LeftButton);
 }

@@ -9,6 +9,7 @@
 #include <QWidget>
 
 using Answer = QMessageBox::StandardButton;
+inline constexpr Answer enterKey = Answer::NoButton; // Enter answers, not the mouse
 
 // The window on the screen with that title or objectName; null if there is none.
 QWidget *windowNamed(const QString &name);
@@ -53,7 +54,7 @@ void openFolder(const QString &window, const QString &folder);
 void type(const QString &window, const QString &box, const QString &text);
 void press(const QString &window, const QString &name, Qt::Key key, Qt::KeyboardModifiers held = {});
 void clickWithFullDisk(const QString &window, const QString &name, rlim_t room = 0);
-// Chooses an entry of the main window's menus.
+// Chooses an entry of the main window's menus, by its text or objectName, with clicks on both.
 void chooseMenu(const QString &entry);
 
 // The program on an archive of these bytes, or on none if they are null, with the last record shown. Its
@@ -62,6 +63,7 @@ struct Program {
     TestFolder folder;
     QList<Answer> answers;
     QStringList told; // the texts of the boxes so far
+    std::function<void()> meanwhile; // happens once, while the next box stands
     QTimer timer;
     Rooms rooms;
 
