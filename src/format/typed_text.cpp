@@ -4,10 +4,7 @@
 
 #include <QHash>
 
-static bool isBreak(char32_t code)
-{
-    return (code >= '\t' && code <= '\r') || code == 0x85 || code == 0x2028 || code == 0x2029;
-}
+static constexpr qsizetype mostNamed = 10; // of the characters left out
 
 static bool isCarried(char32_t code)
 {
@@ -39,31 +36,55 @@ static QString baseLetters(char32_t code)
     return letters;
 }
 
+// What stands for a character that is not carried as it is; empty if nothing can.
 static QString counterpart(char32_t code)
 {
-    if (code == U'"')
-        return "'";
-    if (code == U'\\')
-        return "/";
-    if (isBreak(code))
-        return " ";
-    if (isCarried(code))
-        return QString::fromUcs4(&code, 1);
-    return baseLetters(code);
+    return QChar::isSpace(code) ? QStringLiteral(" ") : baseLetters(code);
+}
+
+static QString shown(char32_t code)
+{
+    return QChar::isPrint(code) ? QString::fromUcs4(&code, 1)
+                                : QStringLiteral("U+%1").arg(uint{code}, 4, 16, QLatin1Char('0')).toUpper();
+}
+
+static void noteLeftOut(QStringList &leftOut, char32_t code)
+{
+    if (leftOut.size() > mostNamed || QChar::isMark(code) || leftOut.contains(shown(code)))
+        return;
+    leftOut += leftOut.size() == mostNamed ? QStringLiteral("…") : shown(code);
+}
+
+// In pieces, since Qt composes in a time that grows with the square of the length. No piece begins with an
+// accent, unless it is one of hundreds on the same letter.
+static QString composed(const QString &text)
+{
+    static constexpr qsizetype usualPiece = 256;
+    QString all;
+    for (qsizetype start = 0, end = 0; start < text.size(); start = end) {
+        end = qMin(start + usualPiece, text.size());
+        while (end < text.size() && end - start < 2 * usualPiece
+               && (text[end].isMark() || text[end].isLowSurrogate()))
+            end += 1;
+        all += text.mid(start, end - start).normalized(QString::NormalizationForm_C);
+    }
+    return all;
 }
 
 TypedText carriedByFiles(const QString &typed)
 {
-    QString composed = typed.normalized(QString::NormalizationForm_C);
-    composed.replace("\r\n", "\n");
+    QString text = composed(typed);
+    text.replace("\r\n", "\n").replace(u'"', u'\'').replace(u'\\', u'/');
     TypedText result;
-    for (const uint code : composed.toUcs4()) {
+    for (const char32_t code : text.toUcs4()) {
+        if (isCarried(code)) {
+            result.text += QChar(static_cast<char16_t>(code));
+            continue;
+        }
         const QString carried = counterpart(code);
         result.text += carried;
-        const char32_t character = code;
-        const QString shown = QString::fromUcs4(&character, 1);
-        if (carried.isEmpty() && !QChar::isMark(code) && !result.leftOut.contains(shown))
-            result.leftOut += shown;
+        if (carried.isEmpty())
+            noteLeftOut(result.leftOut, code);
     }
     return result;
 }
