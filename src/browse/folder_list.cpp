@@ -25,7 +25,6 @@ FolderList::FolderList(QWidget *parent)
     setRootIsDecorated(false);
     setItemsExpandable(false);
     setExpandsOnDoubleClick(false);
-    setIndentation(style()->pixelMetric(QStyle::PM_SmallIconSize) / 2);
     connect(this, &QTreeWidget::itemDoubleClicked, this, &FolderList::openRow);
     if (!setPath(QDir::currentPath()))
         setPath(QDir::rootPath());
@@ -82,9 +81,18 @@ static QStringList wayTo(QString folder)
     return way;
 }
 
+// A row far down from the root still has half of the list for its name.
+void FolderList::indentRows()
+{
+    const int usual = style()->pixelMetric(QStyle::PM_SmallIconSize) / 2;
+    const auto levels = static_cast<int>(path_.count('/')) + 1;
+    setIndentation(qMin(usual, viewport()->width() / 2 / levels));
+}
+
 void FolderList::showWay()
 {
     clear();
+    indentRows();
     const QIcon openIcon = style()->standardIcon(QStyle::SP_DirOpenIcon);
     QTreeWidgetItem *open = invisibleRootItem();
     for (const QString &folder : wayTo(path_)) {
@@ -95,12 +103,45 @@ void FolderList::showWay()
     const QIcon icon = style()->standardIcon(QStyle::SP_DirIcon);
     QList<QTreeWidgetItem *> below;
     const auto folders = QDir::Dirs | QDir::NoDotAndDotDot;
+    const QString above =
+        path_.endsWith('/') ? path_ : path_ + '/'; // QDir takes ":x" for no name in a folder
     for (const QString &name : alphabetical(QDir(path_).entryList(folders, QDir::NoSort)))
-        below += rowFor(QDir(path_).filePath(name), icon);
+        below += rowFor(above + name, icon);
     open->addChildren(below);
     expandAll();
     setCurrentItem(open);
     scrollToItem(open, PositionAtCenter);
+}
+
+// The folders may have changed while the list was away; where the open one is gone, the one above opens.
+void FolderList::readAgain()
+{
+    QString folder = path_;
+    while (!obstacle(folder).isEmpty() && folder != QDir::rootPath())
+        folder = QFileInfo(folder).path();
+    if (folder == path_)
+        showWay();
+    else
+        setPath(folder);
+}
+
+void FolderList::showEvent(QShowEvent *event)
+{
+    if (wasHidden_ && !event->spontaneous())
+        readAgain();
+    QTreeWidget::showEvent(event);
+}
+
+void FolderList::hideEvent(QHideEvent *event)
+{
+    wasHidden_ |= !event->spontaneous();
+    QTreeWidget::hideEvent(event);
+}
+
+void FolderList::resizeEvent(QResizeEvent *event)
+{
+    QTreeWidget::resizeEvent(event);
+    indentRows();
 }
 
 void FolderList::openRow(const QTreeWidgetItem *row)

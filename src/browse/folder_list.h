@@ -4,7 +4,7 @@
 
 // Shows where in the folders a person is: the way from the root down, a row each, and below it the
 // folders of the one that is open. A double click or Enter opens the folder of a row. It starts at the
-// working directory.
+// working directory, and reads the folders again when a person comes back to it.
 class FolderList : public QTreeWidget
 {
     Q_OBJECT
@@ -27,6 +27,9 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     bool viewportEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     // No row can be closed, so none has a mark for it.
     void drawBranches(QPainter *, const QRect &, const QModelIndex &) const override { }
 
@@ -34,6 +37,9 @@ private:
     void openRow(const QTreeWidgetItem *row);
     void showWay();
     void showReason();
+    void readAgain();
+    void indentRows();
 
     QString path_;
+    bool wasHidden_ = false;
 };

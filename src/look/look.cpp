@@ -1,9 +1,10 @@
 #include "look/look.h"
 
+#include "look/style.h"
+
 #include <QApplication>
 #include <QIcon>
 #include <QPalette>
-#include <QStyleFactory>
 
 // Outside any namespace, as the macro demands.
 static void loadImages()
@@ -66,7 +67,7 @@ static QIcon programIcon()
 void applyLook(QApplication &app)
 {
     loadImages();
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new Style);
     QApplication::setPalette(palette());
     QApplication::setFont(verdana(12));
     QApplication::setWindowIcon(programIcon());

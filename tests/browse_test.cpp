@@ -1,0 +1,105 @@
+#include "browse/file_list.h"
+#include "browse/folder_list.h"
+#include "support/windows.h"
+#include "text/alphabetical.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QTreeWidgetItemIterator>
+
+// Where the language and the sorting order differ, the sorting order counts. Read as the program begins.
+static const bool isSetUp =
+    qunsetenv("LC_ALL") && qputenv("LANG", "en_US.UTF-8") && qputenv("LC_COLLATE", "sv_SE.UTF-8");
+
+static QStringList rowsOf(FolderList &list)
+{
+    QStringList rows;
+    for (QTreeWidgetItemIterator row(&list); *row; ++row)
+        rows += (*row)->text(0);
+    return rows.mid(rows.lastIndexOf(QFileInfo(list.path()).fileName()));
+}
+
+static void open(FolderList &list, const QString &folder)
+{
+    const auto rows = list.findItems(folder, Qt::MatchExactly | Qt::MatchRecursive);
+    QCOMPARE(rows.size(), 1);
+    list.setCurrentItem(rows.constFirst());
+    QTest::keyClick(&list, Qt::Key_Return);
+}
+
+class BrowseTest : public WindowTest
+{
+    Q_OBJECT
+private slots:
+    void lists_standInTheSystemsSortingOrder()
+    {
+        QVERIFY(isSetUp);
+        const TestFolder folder;
+        for (const char *name : {"page 10", "ärm", "Zorn", "page 9", "arm"}) {
+            QDir().mkpath(name);
+            put(QString(name) + ".jpg", {});
+        }
+        const QStringList sorted = {"arm", "page 9", "page 10", "Zorn", "ärm"};
+        FolderList folders(nullptr);
+        QCOMPARE(rowsOf(folders).mid(1), sorted);
+        FileList files(nullptr);
+        files.show();
+        for (int row = 0; row < sorted.size(); row += 1)
+            QCOMPARE(files.model()->index(row, 0).data().toString(), sorted[row] + ".jpg");
+        QCOMPARE(alphabetical({"ärm", "Zorn", "arm"}), QStringList({"arm", "Zorn", "ärm"}));
+    }
+
+    void folderList_opensEveryName_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {":x", ":/x", "a:b", "&x", "%20", "<b>", "x ", "Ä"})
+            QTest::addRow("%s", name) << QString(name).remove('/');
+    }
+
+    void folderList_opensEveryName()
+    {
+        QFETCH(QString, name);
+        const TestFolder folder;
+        QDir().mkpath("./" + name + "/within");
+        FolderList list(nullptr);
+        list.show();
+        open(list, name);
+        QCOMPARE(list.path(), QDir::currentPath() + '/' + name);
+        QCOMPARE(rowsOf(list), QStringList({name, "within"}));
+    }
+
+    void folderList_showsTheNamesOfDeepFolders()
+    {
+        const TestFolder folder;
+        FolderList list(nullptr);
+        list.resize(200, 300);
+        list.show();
+        const QString deep = QDir::currentPath() + QString("/d").repeated(60);
+        QDir().mkpath(deep);
+        list.setPath(deep);
+        QVERIFY(list.visualItemRect(list.currentItem()).width() >= list.viewport()->width() / 2);
+    }
+
+    void folderList_readsAnewWhenItComesBack()
+    {
+        const TestFolder folder;
+        QDir().mkpath("a/b");
+        FolderList list(nullptr);
+        list.show();
+        open(list, "a");
+        QSignalSpy changed(&list, &FolderList::folderChanged);
+        list.hide();
+        QDir().mkpath("a/c");
+        list.show();
+        QCOMPARE(rowsOf(list), QStringList({"a", "b", "c"}));
+        QCOMPARE(changed.size(), 0);
+        list.hide();
+        QDir("a").removeRecursively();
+        list.show();
+        QCOMPARE(list.path(), QDir::currentPath());
+        QCOMPARE(changed.size(), 1);
+    }
+};
+
+QTEST_MAIN(BrowseTest)
+#include "browse_test.moc"

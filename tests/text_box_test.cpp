@@ -1,0 +1,247 @@
+#include "controls/text_box.h"
+#include "support/windows.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QToolTip>
+#include <QUrl>
+
+#include <algorithm>
+#include <ctime>
+#include <numeric>
+
+static void chooseFromMenu(TextBox &box, const QString &entry)
+{
+    QTest::mouseClick(box.window()->windowHandle(), Qt::RightButton, {},
+                      box.mapTo(box.window(), QPoint(5, 5)));
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    for (QAction *action : menu->actions()) {
+        if (action->text().remove('&').section('\t', 0, 0) == entry)
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+    }
+    menu->close();
+}
+
+// Puts text into a box as a person does.
+static void enter(TextBox &box, const QString &way, const QString &text)
+{
+    QGuiApplication::clipboard()->setText(text);
+    if (way == "keys") {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_unknown, {}, text);
+        QApplication::sendEvent(&box, &event);
+    } else if (way == "input method") {
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QApplication::sendEvent(&box, &event);
+    } else if (way == "paste") {
+        QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
+    } else if (way == "Shift+Insert") {
+        QTest::keyClick(&box, Qt::Key_Insert, Qt::ShiftModifier);
+    } else if (way == "menu") {
+        chooseFromMenu(box, "Paste");
+    } else if (way == "drop") {
+        QMimeData data;
+        data.setText(text);
+        QDragEnterEvent over({1, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&box, &over);
+        QDropEvent event({1, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&box, &event);
+    }
+}
+
+class TextBoxTest : public WindowTest
+{
+    Q_OBJECT
+private slots:
+    void typedText_isWhatFilesCarry_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("taken");
+        QTest::addColumn<QString>("leftOut");
+        const std::tuple<const char *, QString, QString, QString> rows[] = {
+            {"quotes", " \"Für Elise, €\"", " 'Für Elise, €'", {}},
+            {"breaks and blanks", "a\\b\r\nc\nd\te\u2009f", "a/b c d e f", {}},
+            {"letters", "e\u0300, Dvořák, ő Łódź", "è, Dvorák, o Lódz", {}},
+            {"signs", "a→b😀→\u200B", "ab", "→ 😀 U+200B"},
+            {"markup", "<b>☃</b>", "<b></b>", "☃"},
+            {"eleven", "→←↑↓↔↕↖↗↘↙↚", {}, "→ ← ↑ ↓ ↔ ↕ ↖ ↗ ↘ ↙ …"},
+            {"half a sign", QString(QChar(0xD83D)), {}, "\uFFFD"},
+        };
+        for (const auto &[name, typed, taken, leftOut] : rows)
+            QTest::addRow("%s", name) << typed << taken << leftOut;
+    }
+
+    void typedText_isWhatFilesCarry()
+    {
+        QFETCH(QString, typed);
+        const TypedText carried = carriedByFiles(typed);
+        QTEST(carried.text, "taken");
+        QTEST(carried.leftOut.join(' '), "leftOut");
+    }
+
+    void textBox_takesTheSameByEveryWay_data()
+    {
+        QTest::addColumn<QString>("way");
+        for (const char *way : {"keys", "input method", "paste", "Shift+Insert", "menu", "drop"})
+            QTest::addRow("%s", way) << QString(way);
+    }
+
+    void textBox_takesTheSameByEveryWay()
+    {
+        QFETCH(QString, way);
+        TextBox box(nullptr);
+        box.show();
+        box.setText("a\\b");
+        box.selectAll();
+        enter(box, way, "😀\u200B");
+        QCOMPARE(box.selectedText(), way == "drop" ? "" : "a\\b");
+        QCOMPARE(box.text(), "a\\b");
+        QVERIFY(QToolTip::isVisible());
+        QVERIFY2(QToolTip::text().endsWith("😀 U+200B"), qPrintable(QToolTip::text()));
+        enter(box, way, "\"ő\t😀");
+        QCOMPARE(box.text(), way == "drop" ? "'o a\\b" : "'o ");
+        QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(box.text(), "a\\b");
+        box.setReadOnly(true);
+        enter(box, way, "c");
+        QCOMPARE(box.text(), "a\\b");
+        QToolTip::hideText();
+    }
+
+    void textBox_composesAnAccentWithItsLetter_data()
+    {
+        QTest::addColumn<QString>("way");
+        for (const char *way : {"keys", "input method", "paste"})
+            QTest::addRow("%s", way) << QString(way);
+    }
+
+    void textBox_composesAnAccentWithItsLetter()
+    {
+        QFETCH(QString, way);
+        TextBox box(nullptr);
+        box.setText("[]");
+        box.setCursorPosition(1);
+        for (const QString typed : {"e", "\u0301", "x", "\u030C", "q", "\u0301s"})
+            enter(box, way, typed);
+        QCOMPARE(box.text(), "[éxqs]");
+        QCOMPARE(box.cursorPosition(), 5);
+    }
+
+    void textBox_givesBackWhatAnInputMethodBeganOver()
+    {
+        TextBox box(nullptr);
+        box.setText("abc");
+        const auto compose = [&](const QString &shown, const QString &committed, int replaced = 0) {
+            QInputMethodEvent event(shown, {});
+            event.setCommitString(committed, -replaced, replaced);
+            QApplication::sendEvent(&box, &event);
+        };
+        box.selectAll();
+        compose(":smi", {});
+        compose({}, "😀");
+        QCOMPARE(box.text(), "abc");
+        compose({}, "😀", 2);
+        QCOMPARE(box.text(), "abc");
+        box.selectAll();
+        compose("d", {});
+        compose("e", "d");
+        compose({}, "😀");
+        QCOMPARE(box.text(), "d");
+    }
+
+    void textBox_undoesAPastingByItself()
+    {
+        TextBox box(nullptr);
+        enter(box, "paste", "\"12");
+        QTest::keyClicks(&box, "3\"");
+        enter(box, "paste", "45");
+        enter(box, "paste", "67");
+        for (const QString left : {"'123'45", "'123'", "'12", ""}) {
+            QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(box.text(), left);
+        }
+    }
+
+    void textBox_leavesUndoToTheWindow()
+    {
+        QWidget window;
+        TextBox box(&window);
+        QAction undo("Undo title of 12");
+        QAction redo("Redo");
+        undo.setShortcuts(QKeySequence::Undo);
+        redo.setShortcuts({QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y")});
+        window.addActions({&undo, &redo});
+        const QSignalSpy undone(&undo, &QAction::triggered);
+        const QSignalSpy redone(&redo, &QAction::triggered);
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QTest::keyClicks(&box, "a");
+        const auto pressAll = [&] {
+            QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+            QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+            QTest::keyClick(&box, Qt::Key_Y, Qt::ControlModifier);
+        };
+        pressAll();
+        QCOMPARE(undone.size(), 0);
+        QCOMPARE(box.text(), "a");
+
+        box.leaveUndoTo(&undo, &redo);
+        pressAll();
+        QCOMPARE(undone.size(), 1);
+        QCOMPARE(redone.size(), 2);
+        chooseFromMenu(box, "Undo title of 12");
+        QCOMPARE(undone.size(), 2);
+        window.removeAction(&undo);
+        pressAll();
+        QCOMPARE(box.text(), "a");
+    }
+
+    void textBox_takesNoFiles()
+    {
+        TextBox box(nullptr);
+        QMimeData data;
+        data.setText("/tmp/1L.jpg");
+        for (const auto &[url, taken] :
+             {std::pair("file:///tmp/1L.jpg", false), {"https://a.b/1L.jpg", true}}) {
+            data.setUrls({QUrl(url)});
+            QDragEnterEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(&box, &event);
+            QCOMPARE(event.isAccepted(), taken);
+        }
+    }
+
+    void textBox_takesALongTextAtOnce()
+    {
+        QString letters(100'000, u'x');
+        QList<uint> different(100'000);
+        std::iota(different.begin(), different.end(), 0x100u);
+        TextBox box(nullptr);
+        enter(box, "paste", letters);
+        QCOMPARE(box.text(), letters);
+        box.clear();
+        const std::clock_t start = std::clock();
+        enter(box, "paste",
+              QString::fromUcs4(reinterpret_cast<const char32_t *>(different.constData()), different.size()));
+        QVERIFY((std::clock() - start) * 1000 / CLOCKS_PER_SEC < 300);
+    }
+
+    void tip_letsClicksThrough()
+    {
+        TextBox box(nullptr);
+        box.show();
+        enter(box, "paste", "→");
+        const QWidgetList all = QApplication::topLevelWidgets();
+        const auto tip = std::ranges::find(all, Qt::ToolTip, &QWidget::windowType);
+        QVERIFY(tip != all.end() && (*tip)->isVisible());
+        QVERIFY((*tip)->windowHandle()->flags().testFlag(Qt::WindowTransparentForInput));
+    }
+};
+
+QTEST_MAIN(TextBoxTest)
+#include "text_box_test.moc"
