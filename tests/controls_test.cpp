@@ -1,39 +1,9 @@
 #include "controls/button.h"
 #include "controls/scroll_bar.h"
-#include "pages/page_image.h"
 #include "support/windows.h"
 
 #include <QApplication>
-#include <QBuffer>
-
-#include <QPainter>
 #include <QWheelEvent>
-
-// A picture of a red left and a blue right half.
-static QByteArray halves(QSize size, const char *format)
-{
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QPainter(&image).fillRect(QRect({size.width() / 2, 0}, size), Qt::blue);
-    QBuffer buffer;
-    image.save(&buffer, format, 95);
-    return buffer.data();
-}
-
-// The same JPEG with an EXIF block that says how it is turned.
-static QByteArray turned(QByteArray jpeg, char orientation)
-{
-    const QByteArray exif("\xFF\xE1\x00\x22"
-                          "Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0",
-                          29);
-    return jpeg.insert(2, exif + orientation + QByteArray(6, '\0'));
-}
-
-// The same JPEG claiming to be 65,500 pixels high and wide in its frame header.
-static QByteArray absurd(QByteArray jpeg)
-{
-    return jpeg.replace(jpeg.indexOf("\xFF\xC0") + 5, 4, "\xFF\xDC\xFF\xDC");
-}
 
 class ControlsTest : public WindowTest
 {
@@ -101,28 +71,6 @@ private slots:
         QTest::mouseRelease(&bar, Qt::LeftButton, {}, {15, 300});
         QCOMPARE(bar.value(), bar.sliderPosition());
         QVERIFY(bar.value() > 40);
-    }
-
-    void decodePage_showsWhatCanBeShown()
-    {
-        const QByteArray page = halves({2000, 3000}, "JPG");
-        const std::pair<QByteArray, QColor> rows[] = {
-            // and the colour of the top right; none if not shown
-            {page, Qt::blue},
-            {turned(page, 6), Qt::red},
-            {turned(page, 8), Qt::blue},
-            {halves({20, 30}, "PNG"), Qt::blue},
-            {page.first(page.size() / 3), Qt::blue},
-            {absurd(page), {}},
-        };
-        for (const auto &[file, topRight] : rows) {
-            const TestFolder folder;
-            put("1L.jpg", file);
-            const QImage image = decodePage("1L.jpg", {329, 281});
-            QCOMPARE(image.size(), topRight.isValid() ? QSize(329, 281) : QSize(0, 0));
-            const QColor seen = image.isNull() ? QColor() : image.pixelColor(300, 20);
-            QVERIFY(qAbs(seen.red() - topRight.red()) < 40 && qAbs(seen.blue() - topRight.blue()) < 40);
-        }
     }
 };
 

@@ -14,7 +14,7 @@
 
 using Kind = Result::Kind;
 
-static Result openToRead(QFile &file)
+Result openToRead(QFile &file)
 {
     if (isMissing(file.fileName()))
         return Result::failed(Kind::Missing, file.fileName(), "there is no such file");

@@ -5,10 +5,15 @@
 #include <QByteArray>
 #include <QList>
 
+class QFile;
+
 // Reading and replacing whole files, for everybody. After a kill, a power cut, a full disk or a refused
 // write, a file that is being replaced is the old one or the new one, whole; docs/behaviour.md tells how.
 
-// Missing, Unreadable or fine. A folder under that name is Unreadable.
+// Opens an ordinary file. Missing, Unreadable or fine; a folder or a pipe under that name is Unreadable.
+Result openToRead(QFile &file);
+
+// The same, and reads it.
 Result readWhole(const QString &path, QByteArray &bytes);
 
 // Whether the file is there, can be read, and holds just these bytes.

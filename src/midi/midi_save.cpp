@@ -1,7 +1,6 @@
 #include "midi/midi_save.h"
 
-#include "archive/Module1.h"
-#include "files/data_folder.h"
+#include "archive/archive_operations.h"
 
 using Kind = Result::Kind;
 using Outcome = MidiSaving::Outcome;
@@ -18,8 +17,8 @@ static bool songDiffers(const MidiTable &one, const MidiTable &other, int midiRe
 
 MidiSaving saveMidi(MidiTable &table, int midiRecord, const MidiFields &fields)
 {
-    if (!Module1.archiveRefusal.isEmpty())
-        return {Outcome::Refused, Result::failed(Kind::Refused, midiPath(), Module1.archiveRefusal), {}};
+    if (const Result archive = checkArchive(); !archive.ok())
+        return {Outcome::Refused, archive, {}};
     MidiTable onDisk = table;
     if (const Result read = readMidiFile(onDisk); !read.ok() && read.kind != Kind::Missing)
         return {Outcome::NotRead, read, {}};

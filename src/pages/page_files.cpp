@@ -1,6 +1,6 @@
 #include "pages/page_files.h"
 
-#include "archive/Module1.h"
+#include "archive/archive_operations.h"
 #include "files/platform.h"
 #include "files/safe_write.h"
 
@@ -11,10 +11,9 @@ using Kind = Result::Kind;
 
 PageStored storePage(int record, Page side, const QString &source)
 {
-    const QString target = pagePath(record, side);
-    if (!Module1.archiveRefusal.isEmpty())
-        return {Result::failed(Kind::Refused, target, Module1.archiveRefusal), {}};
-    Result stored = copyFile(source, target);
+    if (const Result archive = checkArchive(); !archive.ok())
+        return {archive, {}};
+    const Result stored = copyFile(source, pagePath(record, side));
     if (!stored.ok() || side == Page::Right)
         return {stored, {}};
     return {stored, copyFile(emptyPagePath(), pagePath(record, Page::Right))};

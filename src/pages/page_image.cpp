@@ -1,8 +1,14 @@
 #include "pages/page_image.h"
 
+#include "files/safe_write.h"
+#include "pages/jpeg_header.h"
+
+#include <QFile>
 #include <QImageReader>
 
 static constexpr qint64 mostPixels = 100'000'000;
+// Room for an A4 page of 600 dots per inch in full colour.
+static constexpr qint64 mostBytesForScans = 210'000'000;
 
 // The decoder reduces by 2, 4 or 8 at little cost; the result is at least nine tenths of what is wanted.
 static QSize reducedSize(QSize full, QSize wanted)
@@ -18,7 +24,10 @@ static QSize reducedSize(QSize full, QSize wanted)
 
 QImage decodePage(const QString &path, QSize frame)
 {
-    QImageReader reader(path);
+    QFile file(path);
+    if (!openToRead(file).ok() || bytesForScans(file) > mostBytesForScans)
+        return {};
+    QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
     const QSize full = reader.size();
