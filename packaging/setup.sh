@@ -27,7 +27,7 @@ install_missing() {
     fi
     echo "Installing ${missing[*]} ..."
     as_root apt-get -qq update
-    as_root env DEBIAN_FRONTEND=noninteractive \
+    as_root env DEBIAN_FRONTEND=noninteractive DEBCONF_NOWARNINGS=yes \
         apt-get -qq install --yes --no-install-recommends "${missing[@]}" >/dev/null
 }
 
