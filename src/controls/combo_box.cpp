@@ -2,6 +2,7 @@
 
 #include "controls/text_box.h"
 
+#include <QKeyEvent>
 #include <QWheelEvent>
 
 ComboBox::ComboBox(QWidget *parent)
@@ -32,6 +33,11 @@ void ComboBox::addRows(const QStringList &texts)
     showRow(row, text);
 }
 
+void ComboBox::showText(const QString &text)
+{
+    showRow(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive), text);
+}
+
 void ComboBox::empty()
 {
     clear();
@@ -48,6 +54,19 @@ void ComboBox::showPopup()
     rowBefore_ = currentIndex();
     textBefore_ = currentText();
     QComboBox::showPopup();
+}
+
+bool ComboBox::event(QEvent *event)
+{
+    if (event->type() != QEvent::ShortcutOverride)
+        return QComboBox::event(event);
+    const auto *key = static_cast<QKeyEvent *>(event);
+    const bool isWindows = (key->matches(QKeySequence::Undo) && !lineEdit()->isUndoAvailable())
+        || (key->matches(QKeySequence::Redo) && !lineEdit()->isRedoAvailable());
+    if (!isWindows)
+        return QComboBox::event(event);
+    event->ignore();
+    return true;
 }
 
 void ComboBox::keyPressEvent(QKeyEvent *event)

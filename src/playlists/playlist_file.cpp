@@ -17,24 +17,16 @@ bool isClosingToken(const QString &name)
     return name == QLatin1String(closingToken);
 }
 
-// The slot of the last playlist of that name, or 0.
-static int slotOf(const Playlists &playlists, const QString &name)
+QStringList Playlists::storedUnder(const QString &name) const
 {
-    int slot = playlists.count();
-    while (slot > 0 && playlists.playlistName[static_cast<size_t>(slot)] != name)
-        slot -= 1;
-    return slot;
-}
-
-bool Playlists::knows(const QString &name) const
-{
-    return slotOf(*this, name) > 0;
-}
-
-QString Playlists::songsOf(const QString &name) const
-{
-    const int slot = slotOf(*this, name);
-    return slot > 0 ? playlistSongs[static_cast<size_t>(slot)] : QString();
+    QStringList stored;
+    for (size_t i = 1; i <= static_cast<size_t>(count()); i += 1) {
+        if (playlistName[i] != name)
+            continue;
+        stored.removeAll(playlistSongs[i]);
+        stored += playlistSongs[i];
+    }
+    return stored;
 }
 
 // True if a quoted token ended with its quote, and not with the file.
@@ -161,7 +153,7 @@ Result writePlaylistFile(Playlists &playlists, const QString &name, const QStrin
     return rewrite(playlists, changed);
 }
 
-Result deletePlaylist(Playlists &playlists, const QString &name)
+Result writePlaylistFileWithout(Playlists &playlists, const QString &name)
 {
     Playlists changed;
     endBehind(changed, 0);

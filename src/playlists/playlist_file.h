@@ -3,6 +3,7 @@
 #include "files/result.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <array>
 
@@ -19,9 +20,9 @@ struct Playlists {
     int playlistSlot = 0; // the number of playlists plus 1; 0 before the first reading
 
     int count() const { return qMax(playlistSlot - 1, 0); }
-    bool knows(const QString &name) const;
-    // The song list of the last playlist of that name; empty if there is none.
-    QString songsOf(const QString &name) const;
+    // The song lists stored under that name, in the file's order, of equal ones the last; empty if there is
+    // no such playlist.
+    QStringList storedUnder(const QString &name) const;
 };
 
 // True for the name "];", which the file cannot carry: it would be taken for the end of the file.
@@ -36,12 +37,11 @@ Result createPlaylistFile();
 Result readPlaylistFile(Playlists &playlists);
 
 // Rewrites the file from `playlists` with `songs` as the song list of `name`: where `name` equals `shown`,
-// the name on display, every playlist of that name gets it; where that matches none, a playlist is added
-// at the end. Refused if there are 999 already. After anything but fine, the file and `playlists` are as
-// they were.
+// every playlist of that name gets it; where that matches none, a playlist is added at the end. Refused if
+// there are 999 already. After anything but fine, the file and `playlists` are as they were.
 Result writePlaylistFile(Playlists &playlists, const QString &name, const QString &shown,
                          const QString &songs);
 
 // Rewrites the file from `playlists` without those of that name. After anything but fine, the file and
 // `playlists` are as they were.
-Result deletePlaylist(Playlists &playlists, const QString &name);
+Result writePlaylistFileWithout(Playlists &playlists, const QString &name);

@@ -4,8 +4,7 @@
 #include "controls/combo_box.h"
 #include "controls/row_list.h"
 #include "controls/text_box.h"
-#include "files/data_folder.h"
-#include "files/platform.h"
+#include "playlists/playlist_questions.h"
 #include "text/alphabetical.h"
 #include "window/message_box.h"
 
@@ -48,7 +47,9 @@ void playlistfrm::build(ControlMaker make)
     Text1->setFrame(true);
     setTabOrder({Command1, List1, List2, Command2, Command3, Command4, Text1, Command5, Combo1, Command6,
                  Command7, Command8});
+    List2->takeRows();
     connectHandlers();
+    connectKeys();
 }
 
 void playlistfrm::connectHandlers()
@@ -62,36 +63,44 @@ void playlistfrm::connectHandlers()
     on(Command6, &QPushButton::clicked, [this] { Command6_Click(); });
     on(Command7, &QPushButton::clicked, [this] { unload(); });
     on(Command8, &QPushButton::clicked, [this] { Command8_Click(); });
-
     on(List1, &QListWidget::itemDoubleClicked, [this] { Command2->click(); });
-    for (const auto key : {Qt::Key_Return, Qt::Key_Enter})
+    on(List2, &RowList::rowsDropped, [this](auto... drop) { List2_Drop(drop...); });
+}
+
+void playlistfrm::connectKeys()
+{
+    const auto clickOn = [this](const QKeySequence &key, QPushButton *button, RowList *rows) {
         onKey(
-            key, [this] { addSelected(); }, List1);
-    onKey(
-        QKeySequence("Alt+Up"), [this] { Command3->click(); }, List2);
-    onKey(
-        QKeySequence("Alt+Down"), [this] { Command4->click(); }, List2);
-    onKey(
-        QKeySequence::Delete, [this] { Command6->click(); }, List2);
+            key,
+            [=] {
+                if (!rows->selectedRows().isEmpty())
+                    button->click();
+            },
+            rows);
+    };
+    clickOn(Qt::Key_Return, Command2, List1);
+    clickOn(Qt::Key_Enter, Command2, List1);
+    clickOn(QKeySequence("Alt+Up"), Command3, List2);
+    clickOn(QKeySequence("Alt+Down"), Command4, List2);
+    clickOn(QKeySequence::Delete, Command6, List2);
+    // Text1 undoes and redoes its own typing, but there is a key that Qt does not always know.
+    onKey(QKeySequence("Ctrl+Z"), [this] { list.undo(); });
+    onKey(QKeySequence("Ctrl+Shift+Z"), [this] { list.redo(); });
+    onKey(QKeySequence("Ctrl+Y"), [this] { Text1->hasFocus() ? Text1->redo() : list.redo(); });
 }
 
 void playlistfrm::load()
 {
-    playlists.playlistSlot = 0;
-    songs.empty();
-    unknownSongs = 0;
-    newPlaylistPending = 0;
+    playlists = {};
+    list.forget();
+    heading = {};
     const auto firstTitle = Module1.recTitle.begin() + 1;
     List1->addItems(alphabetical({firstTitle, firstTitle + Module1.recCount}));
-    if (isMissing(playlistPath())) {
-        if (const Result created = createPlaylistFile(); !created.ok())
-            messageBox("The file of the playlists was not begun.\n" + created.text());
-        return;
-    }
-    if (const Result read = readPlaylistFile(playlists); !read.ok()) {
-        messageBox(read.refusal());
-        return;
-    }
+    const Result opened = openPlaylists(playlists);
+    if (opened.kind == Result::Kind::Unwritable)
+        messageBox("The file of the playlists was not begun.\n" + opened.text());
+    else if (!opened.ok())
+        messageBox(opened.refusal());
     showCount(playlists.count());
     offerPlaylists(playlists.count());
 }
@@ -107,194 +116,170 @@ void playlistfrm::offerPlaylists(int count)
     Combo1->addRows({first, first + count});
 }
 
-// Picking a playlist
+void playlistfrm::showChange(const RowChange &change)
+{
+    QStringList rows;
+    for (const ListedSong &song : list.songs().sliced(change.first, change.inserted))
+        rows += song.row;
+    List2->replaceRows(change.first, change.removed, rows);
+    if (change.selected)
+        List2->selectRows(*change.selected);
+    else if (change.inserted > 0)
+        List2->scrollToBottom();
+}
+
 void playlistfrm::Combo1_Click()
 {
     const QString name = Combo1->currentText();
-    const QList<int> numbers = decodeSongList(playlists.songsOf(name));
-    if (numbers.size() > SongList::most) {
-        Combo1->undoPick();
-        messageBox(QStringLiteral("This playlist holds %1 songs, and no more than %2 can be worked on here. "
-                                  "Nothing was changed.")
-                       .arg(numbers.size())
-                       .arg(SongList::most));
-        return;
-    }
-    Text1->setText(name);
-    List2->clear();
-    songs.empty();
-    unknownSongs = 0;
-    QStringList rows;
-    for (const int n : numbers) {
-        const QString &number = Module1.recNumber[static_cast<size_t>(n)];
-        rows += Module1.recTitle[static_cast<size_t>(n)];
-        songs.add(number);
-        unknownSongs += number.isEmpty() ? 1 : 0;
-    }
-    List2->addItems(rows);
+    Combo1->undoPick();
+    pickPlaylist(name);
 }
 
-// ADD
+void playlistfrm::pickPlaylist(const QString &name)
+{
+    if (tellFailure(reopenPlaylists(playlists), {}))
+        return;
+    const QStringList stored = playlists.storedUnder(name);
+    if (stored.isEmpty()) {
+        messageBox("There is no playlist of this name any more. Perhaps another program has deleted it.");
+        return;
+    }
+    const QList<int> records = decodeSongList(stored.last());
+    if (!canBePicked(records.size()))
+        return;
+    QList<ListedSong> songs;
+    for (const int record : records)
+        songs += storedSong(record);
+    beginList(songs, {name, name, name, stored, true, heading.newPlaylistPending});
+}
+
+void playlistfrm::beginList(const QList<ListedSong> &songs, const Heading &next)
+{
+    list.replaceAll(songs, [this, other = next]() mutable { exchangeHeading(other); });
+}
+
+void playlistfrm::exchangeHeading(Heading &other)
+{
+    heading.name = Text1->text();
+    heading.box = Combo1->currentText();
+    std::swap(heading, other);
+    Text1->setText(heading.name);
+    Combo1->showText(heading.box);
+}
+
 void playlistfrm::Command2_Click()
 {
-    if (songs.songCount == SongList::most) {
-        messageBox(QStringLiteral("The playlist is full: it holds %1 songs.").arg(SongList::most));
-        return;
-    }
-    const QString title = List1->selectedText();
-    int n = Module1.recCount;
-    while (n > 0 && Module1.recTitle[static_cast<size_t>(n)] != title)
-        n -= 1;
-    List2->addItem(Module1.recTitle[static_cast<size_t>(n)] + " _" + QString::number(n));
-    List2->scrollToBottom();
-    songs.add(Module1.recNumber[static_cast<size_t>(n)]);
+    if (hasRoomFor(1, list))
+        list.add({addedSong(recordOfTitle(List1->selectedText()))});
 }
 
-void playlistfrm::addSelected()
+void playlistfrm::addSongs(const QList<int> &records)
 {
-    if (List1->selectedRow() >= 0)
-        Command2->click();
+    show();
+    if (!hasRoomFor(records.size(), list))
+        return;
+    QList<ListedSong> songs;
+    for (const int record : records)
+        songs += addedSong(record);
+    list.add(songs);
 }
 
-// Move up
+void playlistfrm::List2_Drop(const RowList *from, const QList<int> &rows, int place)
+{
+    if (from == List2) {
+        list.move(rows, place);
+    } else if (hasRoomFor(rows.size(), list)) {
+        QList<ListedSong> songs;
+        for (const int row : rows)
+            songs += addedSong(recordOfTitle(from->item(row)->text()));
+        list.add(songs, place);
+    }
+}
+
 void playlistfrm::Command3_Click()
 {
-    const int row = List2->selectedRow();
-    if (row < 1)
-        return;
-    swapWithNext(row - 1);
-    List2->selectRow(row - 1);
+    list.moveUp(List2->selectedRows());
 }
 
-// Move down
 void playlistfrm::Command4_Click()
 {
-    const int row = List2->selectedRow();
-    if (row < 0 || row > List2->count() - 2)
-        return;
-    swapWithNext(row);
-    List2->selectRow(row + 1);
+    list.moveDown(List2->selectedRows());
 }
 
-void playlistfrm::swapWithNext(int row)
-{
-    songs.swapWithNext(row + 1);
-    const QString text = List2->item(row)->text();
-    List2->item(row)->setText(List2->item(row + 1)->text());
-    List2->item(row + 1)->setText(text);
-}
-
-// Remove
 void playlistfrm::Command6_Click()
 {
-    const int row = List2->selectedRow();
-    if (row < 0)
-        return;
-    delete List2->takeItem(row);
-    List2->selectRow(-1);
-    songs.remove(row + 1);
+    list.remove(List2->selectedRows());
 }
 
-// New playlist
 void playlistfrm::Command5_Click()
 {
-    newPlaylistPending = 1;
-    emptyEditedList();
+    Heading next = heading;
+    next.name.clear();
+    next.box = Combo1->currentText();
+    next.isOfPick = false;
+    next.newPlaylistPending = 1;
+    beginList({}, next);
 }
 
-void playlistfrm::emptyEditedList()
+// The box still shows the playlist that was picked from it.
+bool playlistfrm::isPicked() const
 {
-    List2->clear();
-    Text1->clear();
-    songs.empty();
-    unknownSongs = 0;
+    return !heading.stored.isEmpty() && Combo1->currentText() == heading.picked;
 }
 
-// What a Save or a Delete rewrites is what the disk holds; if the file is gone, what was last read.
-static bool readAgain(Playlists &onDisk)
+// Takes the pick out of the box and offers `count` playlists in it.
+void playlistfrm::forgetPick(int count)
 {
-    const Result read = readPlaylistFile(onDisk);
-    if (read.ok() || read.kind == Result::Kind::Missing)
-        return true;
-    messageBox("Nothing was changed. " + read.refusal());
-    return false;
+    heading.stored.clear();
+    heading.isOfPick = false;
+    Combo1->empty();
+    offerPlaylists(count);
 }
 
-static bool tellFailure(const Result &written, const QString &notDone)
-{
-    if (written.kind == Result::Kind::Refused)
-        messageBox(notDone + ' ' + written.reason);
-    else if (!written.ok())
-        messageBox(notDone + " The file is as it was before.\n" + written.text());
-    return !written.ok();
-}
-
-static bool canBeSaved(const QString &name)
-{
-    if (name.isEmpty())
-        messageBox("You must type a name for the playlist", "Warning!");
-    else if (isClosingToken(name))
-        messageBox("A playlist cannot have this name: in the file, ]; stands for the end.");
-    else if (!Module1.archiveRefusal.isEmpty()) // then no song has a number
-        messageBox("The playlist was not saved. " + Module1.archiveRefusal);
-    else
-        return true;
-    return false;
-}
-
-bool playlistfrm::mayDropUnknownSongs() const
-{
-    return unknownSongs == 0
-        || askYesNo(QStringLiteral("%1 songs of the playlist that was picked are not in the archive, and "
-                                   "saving it drops them. Do you want to save it all the same?")
-                        .arg(unknownSongs));
-}
-
-// Save
 void playlistfrm::Command1_Click()
 {
     const QString name = Text1->text();
-    Playlists onDisk = playlists;
-    if (!canBeSaved(name) || !mayDropUnknownSongs() || !readAgain(onDisk))
+    if (!canBeSaved(name) || !mayLose(list.losses()))
         return;
-    const int count = onDisk.count();
-    const Result written = writePlaylistFile(onDisk, name, Combo1->currentText(), songs.text());
-    if (tellFailure(written, "The playlist was not saved."))
+    const bool isPickedOne = heading.isOfPick && isPicked() && heading.picked == name;
+    const QStringList picked = isPickedOne ? heading.stored : QStringList();
+    PlaylistSave save{name, list.text(), picked.isEmpty() ? picked : picked.last(1)}; // that was shown
+    PlaylistChange saved = savePlaylist(playlists, save);
+    while (saved.result.ok() && !saved.isDone) {
+        if (!mayReplace(save, saved.stored, picked))
+            return;
+        saved = savePlaylist(playlists, save);
+    }
+    if (tellFailure(saved.result, "The playlist was not saved."))
         return;
-    playlists = std::move(onDisk);
-    showCount(count);
+    list.acceptLosses();
+    showCount(saved.count);
     messageBox("Successfully saved", "Ok!");
-    Combo1->empty();
-    offerPlaylists(count);
-    if (newPlaylistPending == 1)
+    forgetPick(saved.count);
+    if (heading.newPlaylistPending == 1)
         Combo1->addRows({name});
-    newPlaylistPending = 0;
+    heading.newPlaylistPending = 0;
 }
 
-static QString shortened(const QString &name)
-{
-    static constexpr qsizetype most = 100;
-    return name.size() > most ? name.first(most) + QChar(0x2026) : name;
-}
-
-// Delete playlist
 void playlistfrm::Command8_Click()
 {
-    const QString name = Combo1->currentText();
-    const int picked = Combo1->currentIndex();
-    if (picked < 0 || Combo1->itemText(picked) != name || !playlists.knows(name)) {
+    if (!isPicked()) {
         messageBox("You must select a playlist");
         return;
     }
-    if (!askYesNo(QStringLiteral("Delete the playlist %1?").arg(shortened(name))))
+    const QString name = heading.picked;
+    if (!mayDelete(name, heading.stored))
         return;
-    Playlists onDisk = playlists;
-    if (!readAgain(onDisk) || tellFailure(deletePlaylist(onDisk, name), "The playlist was not deleted."))
+    PlaylistChange deleted = deletePlaylist(playlists, name, heading.stored);
+    while (deleted.result.ok() && !deleted.isDone) {
+        if (!mayDeleteChanged())
+            return;
+        deleted = deletePlaylist(playlists, name, deleted.stored);
+    }
+    if (tellFailure(deleted.result, "The playlist was not deleted."))
         return;
-    playlists = std::move(onDisk);
     showCount(playlists.count());
-    Combo1->empty();
-    offerPlaylists(playlists.count());
+    forgetPick(playlists.count());
     if (Text1->text() == name)
-        emptyEditedList();
+        beginList({}, {});
 }

@@ -12,7 +12,7 @@
 #include "merge/absorb.h"
 #include "midi/midi_save.h"
 #include "pages/page_files.h"
-#include "playlists/playlist_file.h"
+#include "playlists/playlist_store.h"
 
 #include <QDir>
 
@@ -104,22 +104,19 @@ static int absorbTwo()
     return troubled == 0 ? 0 : 16 + troubled;
 }
 
-// As the opening of the playlist window.
 static int beginPlaylists()
 {
-    if (isMissing(playlistPath()))
-        return done(createPlaylistFile());
     Playlists playlists;
-    return done(readPlaylistFile(playlists));
+    return done(openPlaylists(playlists));
 }
 
-static int savePlaylist()
+static int saveOnePlaylist()
 {
+    const QString name = "Playlist 1";
     Playlists playlists;
-    const Result read = readPlaylistFile(playlists);
-    if (!read.ok() && read.kind != Kind::Missing)
+    if (!openPlaylists(playlists).ok())
         return 1;
-    return done(writePlaylistFile(playlists, "Playlist 1", "Playlist 1", "3,2,1,#"));
+    return savePlaylist(playlists, {name, "3,2,1,#", playlists.storedUnder(name)}).isDone ? 0 : 1;
 }
 
 struct Operation {
@@ -137,7 +134,7 @@ static constexpr Operation operations[] = {
     {"save-midi", saveMidiSettings},
     {"absorb", absorbTwo},
     {"begin-playlists", beginPlaylists},
-    {"save-playlist", savePlaylist},
+    {"save-playlist", saveOnePlaylist},
 };
 
 int main(int argc, char **argv)
