@@ -2,7 +2,7 @@
 #include "files/data_folder.h"
 #include "files/safe_write.h"
 #include "format/code_page.h"
-#include "format/field.h"
+#include "format/token.h"
 #include "support/ratio.h"
 #include "support/test_folder.h"
 

@@ -24,9 +24,9 @@ static void benchReading()
     const TestFolder folder;
     put("source/spartiti/archivio.js", archiveOf(records(10000)));
     putArchive(records(9999));
-    SourceReading reading;
+    MergeSource source;
     const auto startEmpty = [&] {
-        reading = {};
+        source = {};
         Module1 = {};
     };
     compare(
@@ -34,7 +34,7 @@ static void benchReading()
          .baseline = "loadArchive of 9,999",
          .limit = 1.5,
          .prepare = startEmpty},
-        [&] { reading = readMergeSource("source"); }, [] { (void)loadArchive(); });
+        [&] { source = readMergeSource("source"); }, [] { (void)loadArchive(); });
 }
 
 static void putSource(int songs)
@@ -75,7 +75,7 @@ static void benchAbsorbing()
     static constexpr int songs = 500;
     const TestFolder folder;
     putSource(songs);
-    const SourceReading reading = readMergeSource("source");
+    const MergeSource source = readMergeSource("source");
     QList<int> chosen;
     for (int slot = 1; slot <= songs; slot += 1)
         chosen += slot;
@@ -88,7 +88,7 @@ static void benchAbsorbing()
          .rounds = 7,
          .prepare = emptyFolders},
         [&] {
-            const AbsorbReport report = absorb(reading.source, chosen);
+            const AbsorbReport report = absorb(source, chosen);
             if (!report.archive.ok() || !report.notCopied.isEmpty())
                 qFatal("the songs were not absorbed");
         },

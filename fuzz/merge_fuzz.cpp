@@ -4,35 +4,34 @@
 #include "memory_files.h"
 #include "merge/merge_source.h"
 
-static void takeOver(const MergeSource &source)
+#include <QStringList>
+
+static QStringList takeOver(const ArchiveTable &archive)
 {
-    for (int p = 1; p <= source.sourceCount; p += 1) {
-        const auto entry = static_cast<size_t>(p);
-        Module1.recTitle[entry] = source.sourceTitle[p];
-        Module1.recAuthor[entry] = source.sourceAuthor[p];
-        Module1.recTags[entry] = source.sourceTags[p];
-        Module1.recCategory[entry] = source.sourceCategory[p];
+    QStringList titles;
+    for (size_t p = 1; p < archive.records.size(); p += 1) {
+        const ArchiveRecord &record = archive.records[p];
+        titles += Module1.recTitle[p] = archive.text(record.title);
+        Module1.recAuthor[p] = archive.text(record.author);
+        Module1.recTags[p] = archive.text(record.tags);
+        Module1.recCategory[p] = archive.text(record.category);
     }
+    return titles;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const char *data, size_t size)
 {
     memoryFile = QByteArray(data, static_cast<qsizetype>(size));
-    const SourceReading reading = readMergeSource("other");
-    const MergeSource &source = reading.source;
-    if (!reading.result.ok() || source.sourceCount > Module1State::lastRecord) {
-        require(reading.result.ok() || source.sourceCount == 0);
+    const ArchiveTable archive = readMergeSource("other").archive;
+    require(archive.result.ok() || archive.count() == 0);
+    if (!archive.result.ok() || archive.count() > Module1State::lastRecord)
         return 0;
-    }
-    takeOver(source);
-    require(writeArchive(source.sourceCount).ok());
-    const SourceReading again = readMergeSource("other");
+    QStringList titles = takeOver(archive);
+    require(writeArchive(archive.count()).ok());
+    const ArchiveTable again = readMergeSource("other").archive;
     require(again.result.ok() && again.irregularRecord == 0 && !again.endMissing);
-    require(again.source.sourceCount == source.sourceCount);
-    QStringList titles = source.sourceTitle;
-    require(again.source.sourceTitle == titles.replaceInStrings("\"", "'"));
-    takeOver(again.source);
+    require(takeOver(again) == titles.replaceInStrings("\"", "'"));
     const QByteArray written = memoryFile;
-    require(writeArchive(source.sourceCount).ok() && memoryFile == written);
+    require(writeArchive(again.count()).ok() && memoryFile == written);
     return 0;
 }

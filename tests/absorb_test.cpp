@@ -39,24 +39,25 @@ private slots:
     {
         const TestFolder folder;
         const QByteArray whole = archiveOf(otherSongs);
-        QCOMPARE(readMergeSource(other).result.kind, Result::Kind::Missing);
+        QCOMPARE(readMergeSource(other).archive.result.kind, Result::Kind::Missing);
         for (qsizetype size = 0; size <= whole.size(); size += 1) {
             put(archivePath(other), whole.first(size));
-            const SourceReading reading = readMergeSource(other);
-            QCOMPARE(reading.result.ok(), size > 0);
-            QCOMPARE(reading.endMissing, size > 0 && size < whole.size() - 2);
-            for (int i = 1; i <= reading.source.sourceCount; i += 1)
-                QCOMPARE(reading.source.sourceTitle[i], otherSongs[i - 1].section('|', 0, 0));
+            const ArchiveTable read = readMergeSource(other).archive;
+            QCOMPARE(read.result.ok(), size > 0);
+            QCOMPARE(read.endMissing, size > 0 && size < whole.size() - 2);
+            for (int i = 1; i <= read.count(); i += 1)
+                QCOMPARE(read.text(read.records[static_cast<size_t>(i)].title),
+                         otherSongs[i - 1].section('|', 0, 0));
         }
         put(archivePath(other), archiveOf(QStringList(10'001, "T|||")));
-        QCOMPARE(readMergeSource(other).result.kind, Result::Kind::TooLarge);
+        QCOMPARE(readMergeSource(other).archive.result.kind, Result::Kind::TooLarge);
     }
 
     void absorb_appendsInTheOrderChosenAndCopiesPages()
     {
         const TwoInstallations both;
         Module1.recTitle[3] = "typed at the spare position";
-        const AbsorbReport report = absorb(readMergeSource(other).source, {2, 3});
+        const AbsorbReport report = absorb(readMergeSource(other), {2, 3});
         QVERIFY(report.archive.ok() && troubleText(report).isEmpty());
         QCOMPARE(page("archivio.js"),
                  archiveOf({"One|A|tag|3", "Two||rock, slow|0", "Second|Y||0", "Third|Z|z|99"}));
@@ -67,11 +68,13 @@ private slots:
     void pages_goByTheSourcesNumberAndNeverByThoseFromBefore()
     {
         const TwoInstallations both;
-        MergeSource source = readMergeSource(other).source;
-        source.sourceNumber = QStringList{"", " 3 ", "70000", "-8"};
+        QByteArray odd = archiveOf(otherSongs);
+        for (const auto &[number, instead] : {std::pair("1", " 3 "), {"2", "70000"}, {"3", "-8"}})
+            odd.replace(linesOf(number), linesOf(instead));
+        put(archivePath(other), odd);
         for (const char *name : {"3L.jpg", "4R.jpg", "4R (old 1).jpg", "5L.jpg"})
             put(QString("spartiti/") + name, name);
-        const AbsorbReport report = absorb(source, {1, 2, 3});
+        const AbsorbReport report = absorb(readMergeSource(other), {1, 2, 3});
         QCOMPARE(report.withoutNumber, QList<int>({4}));
         QCOMPARE(page("3L.jpg") + page("3R.jpg") + page("4R (old 2).jpg") + page("5L (old 1).jpg"),
                  "L3R34R.jpg5L.jpg");
@@ -88,7 +91,7 @@ private slots:
         put(pagePath(2, Page::Right, other), QByteArray(100'000, 'x'));
         put(pagePath(3, Page::Left, other), QByteArray(100'000, 'x'));
         const FullDisk disk(50'000);
-        const QString text = troubleText(absorb(readMergeSource(other).source, {1, 2, 3}));
+        const QString text = troubleText(absorb(readMergeSource(other), {1, 2, 3}));
         QVERIFY(text.contains("spartiti/3L.jpg: the page of the source could not be read ("));
         QVERIFY(text.contains("spartiti/4R.jpg to spartiti/5L.jpg: it could not be written ("));
         QCOMPARE(namesIn("spartiti"), QStringList({"4L.jpg", "5R.jpg", "archivio.js"}));
@@ -104,7 +107,7 @@ private slots:
         };
         for (const auto obstacle : obstacles) {
             const TwoInstallations both;
-            const MergeSource source = readMergeSource(other).source;
+            const MergeSource source = readMergeSource(other);
             const QByteArray before = page("archivio.js");
             Module1.recTitle[3] = "typed at the spare position";
             if (obstacle)

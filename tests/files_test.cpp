@@ -50,6 +50,52 @@ private slots:
             QCOMPARE(contents(odd), bytes);
         }
     }
+
+    void moveFile_isWholeAndNeverOverSomething_data()
+    {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<QString>("target");
+        QTest::addColumn<Kind>("kind");
+        QTest::addRow("beside it") << "a"
+                                   << "b" << Kind::Fine;
+        QTest::addRow("into a new folder") << "a"
+                                           << "new/b" << Kind::Fine;
+        QTest::addRow("a link, not what it points to") << "link"
+                                                       << "b" << Kind::Fine;
+        QTest::addRow("what is not there") << "gone"
+                                           << "b" << Kind::Missing;
+        QTest::addRow("over a file") << "a"
+                                     << "other" << Kind::Unwritable;
+        QTest::addRow("over itself") << "a"
+                                     << "a" << Kind::Unwritable;
+        QTest::addRow("over a folder") << "a"
+                                       << "folder" << Kind::Unwritable;
+        QTest::addRow("over a link to nothing") << "a"
+                                                << "link" << Kind::Unwritable;
+        QTest::addRow("below a file") << "a"
+                                      << "other/b" << Kind::Unwritable;
+    }
+
+    void moveFile_isWholeAndNeverOverSomething()
+    {
+        QFETCH(QString, source);
+        QFETCH(QString, target);
+        QFETCH(Kind, kind);
+        const TestFolder folder;
+        put("a", "bytes");
+        put("other", "stays");
+        QVERIFY(QDir().mkdir("folder") && QFile::link("nowhere", "link"));
+        QStringList names = namesIn(".");
+        QCOMPARE(moveFile(source, target).kind, kind);
+        if (kind == Kind::Fine) {
+            names.removeOne(source);
+            names += target.section('/', 0, 0);
+            names.sort();
+        }
+        QCOMPARE(namesIn("."), names);
+        QCOMPARE(contents(kind == Kind::Fine && source == "a" ? target : "a"), "bytes");
+        QCOMPARE(contents("other"), "stays");
+    }
 };
 
 QTEST_APPLESS_MAIN(FilesTest)

@@ -58,7 +58,7 @@ private slots:
         QTest::addRow("empty") << QByteArray("") << "is damaged in its first line";
         QTest::addRow("no line end behind the first line")
             << first.chopped(2) + twoLists << "is damaged in its first line";
-        QTest::addRow("something else") << QByteArray("hello\r\n") << "nothing else that belongs there,";
+        QTest::addRow("something else") << QByteArray("hello\r\n") << "nothing else that belongs there";
         QTest::addRow("cut within songs") << first + twoLists.first(20) << "is damaged at playlist 1";
         QTest::addRow("cut behind a name") << first + one + "\"2\","
                                            << "is damaged at playlist 2";

@@ -1,37 +1,15 @@
 #include "archive/archive_file.h"
 
+#include "archive/archive_table.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
-#include "format/code_page.h"
 #include "format/field.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cmath>
 
 using Kind = Result::Kind;
-
-static QByteArrayView readFieldLine(TokenFile &file, bool &regular)
-{
-    QByteArrayView field;
-    if (readWrittenLine(file, field))
-        return field;
-    field = readToken(file);
-    regular &= readToken(file).isEmpty();
-    return field;
-}
-
-ArchiveRecord readRecord(TokenFile &file)
-{
-    ArchiveRecord record;
-    record.number = readFieldLine(file, record.regular);
-    record.title = readFieldLine(file, record.regular);
-    record.author = readFieldLine(file, record.regular);
-    record.tags = readFieldLine(file, record.regular);
-    record.category = readFieldLine(file, record.regular);
-    return record;
-}
 
 // The categories are few and the records many: equal texts share their memory.
 static QString sharedCategory(QByteArrayView category, CodePageReader text)
@@ -46,13 +24,19 @@ static QString sharedCategory(QByteArrayView category, CodePageReader text)
     return shared[number];
 }
 
-static void storeRecord(size_t n, const ArchiveRecord &record, CodePageReader text)
+static void storeRecords(const ArchiveTable &table)
 {
-    Module1.recNumber[n] = text(record.number);
-    Module1.recTitle[n] = text(record.title);
-    Module1.recAuthor[n] = text(record.author);
-    Module1.recTags[n] = text(record.tags);
-    Module1.recCategory[n] = sharedCategory(record.category, text);
+    for (size_t n = 1; n < table.records.size(); n += 1) {
+        const ArchiveRecord &record = table.records[n];
+        Module1.recNumber[n] = table.text(record.number);
+        Module1.recTitle[n] = table.text(record.title);
+        Module1.recAuthor[n] = table.text(record.author);
+        Module1.recTags[n] = table.text(record.tags);
+        Module1.recCategory[n] = sharedCategory(record.category, table.text);
+    }
+    Module1.recCount = table.count();
+    Module1.archiveChanged = false;
+    Module1.archiveOnDisk = table.bytes;
 }
 
 static ArchiveReading refuseFromNowOn(const Result &result)
@@ -61,65 +45,16 @@ static ArchiveReading refuseFromNowOn(const Result &result)
     return {.result = result};
 }
 
-static Result damaged()
-{
-    return Result::failed(Kind::Damaged, archivePath(), "is damaged");
-}
-
-// Rounds to the nearest whole number, an exact half to the even neighbour.
-static size_t recordsIn(size_t tokens)
-{
-    const double records = (static_cast<double>(tokens) - 2) / tokensPerRecord;
-    return static_cast<size_t>(std::max(std::nearbyint(records), 0.0));
-}
-
-static Result checkCount(size_t tokens, size_t records)
-{
-    if (records > Module1State::lastRecord) {
-        const auto reason = QStringLiteral("holds %1 titles, which is more than %2,");
-        return Result::failed(Kind::TooLarge, archivePath(),
-                              reason.arg(records).arg(Module1State::lastRecord));
-    }
-    return tokens < 1 + records * tokensPerRecord ? damaged() : Result{};
-}
-
-bool endsAsWritten(TokenFile &file)
-{
-    return readToken(file) == "];" && onlyEmptyTokensFollow(file);
-}
-
-static ArchiveReading storeRecords(TokenFile &file, size_t records, CodePageReader text)
-{
-    ArchiveReading reading;
-    readToken(file);
-    for (size_t i = 1; i <= records; i += 1) {
-        const ArchiveRecord record = readRecord(file);
-        storeRecord(i, record, text);
-        if (!record.regular && reading.irregularRecord == 0)
-            reading.irregularRecord = static_cast<int>(i);
-    }
-    reading.endMissing = !endsAsWritten(file);
-    if (records == 0 && reading.endMissing)
-        return refuseFromNowOn(damaged());
-    Module1.recCount = static_cast<int>(records);
-    Module1.archiveChanged = false;
-    return reading;
-}
-
 ArchiveReading loadArchive()
 {
     QByteArray bytes;
     if (const Result read = readWhole(archivePath(), bytes); !read.ok())
         return read.kind == Kind::Missing ? ArchiveReading{.result = read} : refuseFromNowOn(read);
-
-    TokenFile file{bytes};
-    const auto tokens = static_cast<size_t>(countTokens(file));
-    const size_t records = recordsIn(tokens);
-    if (const Result fits = checkCount(tokens, records); !fits.ok())
-        return refuseFromNowOn(fits);
-    ArchiveReading reading = storeRecords(file, records, codePageReaderFor(bytes));
-    Module1.archiveOnDisk = std::move(bytes);
-    return reading;
+    const ArchiveTable table = readArchive(bytes, ownArchive);
+    if (!table.result.ok())
+        return refuseFromNowOn(table.result);
+    storeRecords(table);
+    return {.result = {}, .irregularRecord = table.irregularRecord, .endMissing = table.endMissing};
 }
 
 static QStringView writtenCategory(size_t i)
@@ -178,5 +113,6 @@ Result writeArchive(int count)
 bool wasArchiveReplaced()
 {
     QByteArray bytes;
-    return readWhole(archivePath(), bytes).ok() && bytes != Module1.archiveOnDisk;
+    return Module1.archiveRefusal.isEmpty() && readWhole(archivePath(), bytes).ok()
+        && bytes != Module1.archiveOnDisk;
 }

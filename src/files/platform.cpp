@@ -22,12 +22,19 @@ bool syncFileSystem(int)
 
 void syncFolder(const QString &) { }
 
+bool renameOverNothing(const QString &from, const QString &to)
+{
+    return _wrename(from.toStdWString().c_str(), to.toStdWString().c_str()) == 0;
+}
+
 bool isMissing(const QString &path)
 {
     return _waccess(path.toStdWString().c_str(), 0) != 0 && errno == ENOENT;
 }
 #else
+#include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 bool syncFile(int handle)
@@ -62,6 +69,31 @@ void syncFolder(const QString &folder)
         return;
     syncFile(handle);
     close(handle);
+}
+
+// Where the file system does not know the flag: between the look and the step something may still arrive.
+static bool lookAndRename(const char *from, const char *to)
+{
+    struct stat found {
+    };
+    if (lstat(to, &found) == 0)
+        errno = EEXIST;
+    else if (errno == ENOENT)
+        return rename(from, to) == 0;
+    return false;
+}
+
+bool renameOverNothing(const QString &from, const QString &to)
+{
+    const QByteArray source = QFile::encodeName(from);
+    const QByteArray target = QFile::encodeName(to);
+#ifdef __linux__
+    if (renameat2(AT_FDCWD, source, AT_FDCWD, target, RENAME_NOREPLACE) == 0)
+        return true;
+    if (errno != EINVAL && errno != ENOSYS)
+        return false;
+#endif
+    return lookAndRename(source, target);
 }
 
 bool isMissing(const QString &path)

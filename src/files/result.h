@@ -17,17 +17,19 @@ struct [[nodiscard]] Result {
 
     Kind kind = Kind::Fine;
     QString file; // the path as a person sees it, e.g. spartiti/archivio.js
-    QString reason; // the system's words for it, or what is wrong with the contents
+    // A clause of its own, without a full stop: the system's words for it, or what is wrong with the
+    // contents, and then "it" stands for the file. Refused has a whole sentence.
+    QString reason;
 
     bool ok() const { return kind == Kind::Fine; }
 
     // `path` may be in any form; "./spartiti/m.jpg" is shown as "spartiti/m.jpg".
     static Result failed(Kind kind, const QString &path, const QString &reason);
 
-    // "spartiti/archivio.js: No space left on device"
+    // For people: "spartiti/archivio.js: No space left on device", or the sentence of a Refused.
     QString text() const;
 
-    // Why a file that could not be read must not be written: "spartiti/archivio.js is damaged and was not
-    // read. It is left as it is." The reason is a verb with what belongs to it, but for an Unreadable file.
+    // Of an Unreadable, Damaged or TooLarge file: why it must not be written. "spartiti/archivio.js is
+    // damaged and was not read. It is left as it is."
     QString refusal() const;
 };

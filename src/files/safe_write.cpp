@@ -57,11 +57,19 @@ static Result unwritable(const QSaveFile &file, const QString &reason)
     return Result::failed(Kind::Unwritable, file.fileName(), reason);
 }
 
+static Result makeFolderOf(const QString &path)
+{
+    const QString folder = QFileInfo(path).path();
+    if (QDir().mkpath(folder))
+        return {};
+    const auto reason = QStringLiteral("the folder %1 cannot be made");
+    return Result::failed(Kind::Unwritable, path, reason.arg(shownPath(folder)));
+}
+
 static Result openToReplace(QSaveFile &file)
 {
-    const QString folder = QFileInfo(file.fileName()).path();
-    if (!QDir().mkpath(folder))
-        return unwritable(file, QStringLiteral("the folder %1 cannot be made").arg(shownPath(folder)));
+    if (const Result made = makeFolderOf(file.fileName()); !made.ok())
+        return made;
     if (!file.open(QIODevice::WriteOnly))
         return unwritable(file, file.errorString());
     return {};
@@ -175,6 +183,33 @@ Result copyFile(const QString &source, const QString &target)
     return putInPlace(to);
 }
 
+static bool isNothingThere(const QString &path)
+{
+    return isMissing(path) && !QFileInfo(path).isSymLink();
+}
+
+static void syncFoldersOf(const QStringList &paths)
+{
+    QStringList folders;
+    for (const QString &path : paths)
+        folders += QFileInfo(path).path();
+    folders.removeDuplicates();
+    for (const QString &folder : std::as_const(folders))
+        syncFolder(folder);
+}
+
+Result moveFile(const QString &source, const QString &target)
+{
+    if (isNothingThere(source))
+        return Result::failed(Kind::Missing, source, "there is no such file");
+    if (const Result made = makeFolderOf(target); !made.ok())
+        return made;
+    if (!renameOverNothing(source, target))
+        return Result::failed(Kind::Unwritable, target, systemReason());
+    syncFoldersOf({target, source});
+    return {};
+}
+
 // A copy that lies beside its target. Only those that came out well keep their file open.
 struct PreparedCopy {
     std::unique_ptr<QSaveFile> file;
@@ -205,16 +240,14 @@ static void syncGroup(std::vector<PreparedCopy> &group)
 
 static void commitGroup(std::vector<PreparedCopy> &group)
 {
-    QStringList folders;
+    QStringList targets;
     for (PreparedCopy &copy : group) {
         if (!copy.file || !copy.result.ok())
             continue;
         copy.result = commit(*copy.file);
-        folders += QFileInfo(copy.file->fileName()).path();
+        targets += copy.file->fileName();
     }
-    folders.removeDuplicates();
-    for (const QString &folder : std::as_const(folders))
-        syncFolder(folder);
+    syncFoldersOf(targets);
 }
 
 QList<Result> copyFiles(const QList<FileCopy> &copies)

@@ -31,6 +31,11 @@ Result replaceFile(const QString &path, const QList<QByteArrayView> &pieces);
 // Unwritable of `target`, and then the old target stands untouched.
 Result copyFile(const QString &source, const QString &target);
 
+// Gives the file `source` the name `target`, on the same disk, whole at every moment; the folder is made
+// where it is missing. Never over something: where `target` is there already it is Unwritable, and nothing
+// changes. A link is moved itself. Missing where there is no `source`.
+Result moveFile(const QString &source, const QString &target);
+
 // One copy to be made: from where, to where.
 struct FileCopy {
     QString source;

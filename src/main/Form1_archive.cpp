@@ -60,9 +60,7 @@ bool Form1::begin()
         return false;
     const ArchiveBeginning begun = beginArchive();
     if (!begun.written.ok()) {
-        messageBox(
-            "The archive was not begun. "
-            + (begun.written.kind == Result::Kind::Refused ? begun.written.reason : begun.written.text()));
+        messageBox("The archive was not begun. " + begun.written.text());
         return false;
     }
     if (!tell(begun.reading))
@@ -87,7 +85,7 @@ bool Form1::beginWithTyped()
 static bool mayReplaceArchive()
 {
     QByteArray known = Module1.archiveOnDisk;
-    while (isArchiveOtherThan(known)) {
+    while (checkArchive().ok() && isArchiveOtherThan(known)) {
         if (!askBeforeLoss(replaceQuestion))
             return false;
     }
@@ -109,9 +107,7 @@ bool Form1::saveSongs()
         return false;
     const ArchiveSaving saved = saveArchive();
     if (!saved.written.ok()) {
-        messageBox(saved.written.kind == Result::Kind::Refused
-                       ? "The archive was not saved. " + saved.written.reason
-                       : "The archive was not saved; the file is as it was before.\n" + saved.written.text());
+        messageBox("The archive was not saved; the file is as it was before.\n" + saved.written.text());
         return false;
     }
     if (!saved.readBack.ok()) {
@@ -150,8 +146,7 @@ void Form1::Command5_Click()
 void Form1::Command6_Click()
 {
     if (const Result written = writeCsv(); !written.ok())
-        messageBox("The export was not written; an earlier one is as it was before.\n"
-                   + (written.kind == Result::Kind::Refused ? written.reason : written.text()));
+        messageBox("The export was not written; an earlier one is as it was before.\n" + written.text());
     else
         messageBox("OK! CONVERSIONE EFFETTUATA CON SUCCESSO CVS!");
 }

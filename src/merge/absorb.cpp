@@ -34,13 +34,14 @@ Result checkAbsorb(const MergeSource &source, qsizetype chosenCount)
     return {};
 }
 
-static void appendRecord(size_t entry, const MergeSource &source, int slot)
+static void appendRecord(size_t entry, const ArchiveTable &archive, int slot)
 {
-    Module1.recNumber[entry] = source.sourceNumber[slot];
-    Module1.recTitle[entry] = source.sourceTitle[slot];
-    Module1.recAuthor[entry] = source.sourceAuthor[slot];
-    Module1.recTags[entry] = source.sourceTags[slot];
-    Module1.recCategory[entry] = source.sourceCategory[slot];
+    const ArchiveRecord &record = archive.records[static_cast<size_t>(slot)];
+    Module1.recNumber[entry] = archive.text(record.number);
+    Module1.recTitle[entry] = archive.text(record.title);
+    Module1.recAuthor[entry] = archive.text(record.author);
+    Module1.recTags[entry] = archive.text(record.tags);
+    Module1.recCategory[entry] = archive.text(record.category);
 }
 
 static Result appendRecords(const MergeSource &source, const QList<int> &chosen)
@@ -48,7 +49,7 @@ static Result appendRecords(const MergeSource &source, const QList<int> &chosen)
     const auto before = std::make_unique<Module1State>(Module1);
     auto entry = static_cast<size_t>(Module1.recCount);
     for (const int slot : chosen)
-        appendRecord(entry += 1, source, slot);
+        appendRecord(entry += 1, source.archive, slot);
     const Result written = writeArchive(static_cast<int>(entry));
     if (!written.ok())
         Module1 = *before;
@@ -56,7 +57,7 @@ static Result appendRecords(const MergeSource &source, const QList<int> &chosen)
 }
 
 // The number that names a song's page files in the source; a 16-bit number, blanks around it do not count.
-static std::optional<int> pageNumber(const QString &sourceNumber)
+static std::optional<int> pageNumber(QByteArrayView sourceNumber)
 {
     bool isNumber = false;
     const int number = sourceNumber.trimmed().toShort(&isNumber);
@@ -78,7 +79,8 @@ static QList<NewPage> newPages(const MergeSource &source, const QList<int> &chos
     int record = Module1.recCount;
     for (const int slot : chosen) {
         record += 1;
-        const std::optional<int> number = pageNumber(source.sourceNumber[slot]);
+        const std::optional<int> number =
+            pageNumber(source.archive.records[static_cast<size_t>(slot)].number);
         for (const Page page : {Page::Left, Page::Right})
             pages += {record, page, number ? pagePath(*number, page, source.folder) : QString()};
     }

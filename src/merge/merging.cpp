@@ -35,34 +35,35 @@ void merging::build(ControlMaker make)
     setTabOrder({List1, Command1, Command2});
 }
 
-static void tell(const SourceReading &reading)
+static void tell(const MergeSource &source)
 {
-    const QString path = shownPath(archivePath(reading.source.folder));
-    if (!reading.result.ok()) {
-        messageBox("The songs of the other archive cannot be listed.\n" + reading.result.text());
-    } else if (reading.irregularRecord > 0) {
+    const QString path = shownPath(archivePath(source.folder));
+    const ArchiveTable &archive = source.archive;
+    if (!archive.result.ok()) {
+        messageBox("The songs of the other archive cannot be listed.\n" + archive.result.text());
+    } else if (archive.irregularRecord > 0) {
         messageBox(QStringLiteral("%1 is not as it should be from title %2 on: fields may stand in the wrong "
                                   "place. It is listed as it stands.")
-                       .arg(path, QString::number(reading.irregularRecord)));
-    } else if (reading.endMissing) {
+                       .arg(path, QString::number(archive.irregularRecord)));
+    } else if (archive.endMissing) {
         messageBox(QStringLiteral("The end of %1 is missing or is not as it should be. %2 titles were read.")
-                       .arg(path, QString::number(reading.source.sourceCount)));
+                       .arg(path, QString::number(archive.count())));
     }
 }
 
 void merging::load()
 {
-    const SourceReading reading = readMergeSource(Module1.mergeSourcePath);
-    source = reading.source;
-    for (int i = 1; i <= source.sourceCount; i += 1) {
-        auto *line = new QListWidgetItem(source.sourceTitle[i]);
+    source = readMergeSource(Module1.mergeSourcePath);
+    for (size_t p = 1; p < source.archive.records.size(); p += 1) {
+        const QString title = source.archive.text(source.archive.records[p].title);
+        auto *line = new QListWidgetItem(title);
         line->setCheckState(Qt::Unchecked);
-        line->setToolTip(plainToolTip(source.sourceTitle[i])); // the line may be too short for it
+        line->setToolTip(plainToolTip(title)); // the line may be too short for it
         List1->addItem(line);
     }
     // Or else the list would move to its first line, and show that page, as soon as it has the focus.
     List1->setCurrentIndex({});
-    tell(reading);
+    tell(source);
 }
 
 void merging::List1_Click()
@@ -101,10 +102,12 @@ static AbsorbReport absorbBusily(const MergeSource &source, const QList<int> &ch
 
 static void tellFailure(const Result &archive)
 {
-    messageBox(archive.kind == Result::Kind::Refused
-                   ? "Nothing was absorbed. " + archive.reason
-                   : "Nothing was absorbed; the archive is as it was before.\n" + archive.text());
+    messageBox("Nothing was absorbed; the archive is as it was before.\n" + archive.text());
 }
+
+static constexpr char archiveReplacedQuestion[] =
+    "Another program has changed spartiti/archivio.js since it was read here. Do you want to replace it by "
+    "what this window holds? What the other program did to it would be lost.";
 
 // Absorb
 void merging::Command2_Click()

@@ -80,7 +80,7 @@ static qsizetype blocksIn(qsizetype tokens)
 static Result checkCount(qsizetype blocks)
 {
     if (blocks > MidiTable::lastBlock) {
-        const auto reason = QStringLiteral("holds the settings of %1 songs, which is more than %2,");
+        const auto reason = QStringLiteral("it holds the settings of %1 songs instead of %2 at most");
         return Result::failed(Kind::TooLarge, midiPath(), reason.arg(blocks).arg(MidiTable::lastBlock));
     }
     return {};
@@ -151,7 +151,7 @@ static bool readBlocks(TokenFile &file, MidiTable &table)
 static Result damaged(const TokenFile &file)
 {
     const qsizetype line = lineAt(file.bytes, file.position);
-    return Result::failed(Kind::Damaged, midiPath(), QStringLiteral("is damaged in line %1").arg(line));
+    return Result::failed(Kind::Damaged, midiPath(), QStringLiteral("it is damaged in line %1").arg(line));
 }
 
 static Result readTable(MidiTable &table)
@@ -294,6 +294,7 @@ Result writeMidiFile(MidiTable &table, int midiRecord, const MidiFields &fields)
     }
     const QList<Change> changes = changesFor(table, midiRecord, fields);
     if (changes.constLast().block > MidiTable::lastBlock)
-        return Result::failed(Kind::Refused, midiPath(), "it has no room for one more song");
+        return Result::failed(Kind::Refused, midiPath(),
+                              shownPath(midiPath()) + " has no room for one more song.");
     return writeChanges(table, changes);
 }

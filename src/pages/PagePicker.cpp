@@ -78,9 +78,7 @@ void PagePicker::Command2_Click()
 void PagePicker::tell(int record, const PageStored &stored)
 {
     const QString side = tableOf(page_).side;
-    if (stored.page.kind == Result::Kind::Refused) {
-        messageBox(QStringLiteral("The %1 page was not stored. ").arg(side) + stored.page.text());
-    } else if (!stored.page.ok()) {
+    if (!stored.page.ok()) {
         messageBox(
             QStringLiteral("The %1 page of title %2 was not stored; its pages are as they were before.\n")
                 .arg(side)

@@ -57,7 +57,7 @@ static Result readPlaylists(TokenFile &file, Playlists &playlists)
 {
     const QByteArrayView firstLine = readToken(file);
     if (file.bytes.isEmpty() || firstLine.contains('"'))
-        return failed(Kind::Damaged, "is damaged in its first line");
+        return failed(Kind::Damaged, "it is damaged in its first line");
     const CodePageReader textOf = codePageReaderFor(file.bytes);
     int slot = 1;
     for (;; slot += 1) {
@@ -67,16 +67,17 @@ static Result readPlaylists(TokenFile &file, Playlists &playlists)
         if (name == closingToken)
             break;
         if (slot > Playlists::most)
-            return failed(Kind::TooLarge, QStringLiteral("holds more than %1 playlists").arg(slot - 1));
+            return failed(Kind::TooLarge, QStringLiteral("it holds more than %1 playlists").arg(slot - 1));
         QByteArrayView songs;
         if (!readSongs(file, songs) || name.contains('"') || songs.contains('"'))
-            return failed(Kind::Damaged, QStringLiteral("is damaged at playlist %1").arg(slot));
+            return failed(Kind::Damaged, QStringLiteral("it is damaged at playlist %1").arg(slot));
         playlists.playlistSongs[entry] = textOf(songs);
     }
     playlists.playlistSlot = slot;
     if (slot == 1 && firstLine != "var playlist = [" && !file.bytes.contains(closingToken))
-        return failed(Kind::Damaged, "holds no playlists and nothing else that belongs there,");
-    return onlyEmptyTokensFollow(file) ? Result{} : failed(Kind::Damaged, "goes on behind its closing line");
+        return failed(Kind::Damaged, "it holds no playlists and nothing else that belongs there");
+    return onlyEmptyTokensFollow(file) ? Result{}
+                                       : failed(Kind::Damaged, "it goes on behind its closing line");
 }
 
 Result readPlaylistFile(Playlists &playlists)

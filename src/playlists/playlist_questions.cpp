@@ -94,9 +94,7 @@ bool mayDeleteChanged()
 bool tellFailure(const Result &result, const QString &notDone)
 {
     using Kind = Result::Kind;
-    if (result.kind == Kind::Refused)
-        messageBox(notDone + ' ' + result.reason);
-    else if (result.kind == Kind::Unwritable)
+    if (result.kind == Kind::Unwritable || result.kind == Kind::Refused)
         messageBox(notDone + " The file is as it was before.\n" + result.text());
     else if (!result.ok())
         messageBox("Nothing was changed. " + result.refusal());

@@ -91,10 +91,10 @@ static int saveMidiSettings()
 
 static int absorbTwo()
 {
-    const SourceReading reading = readMergeSource("other");
-    if (!loadArchive().result.ok() || !reading.result.ok())
+    const MergeSource source = readMergeSource("other");
+    if (!loadArchive().result.ok() || !source.archive.result.ok())
         return 1;
-    const AbsorbReport report = absorb(reading.source, {1, 2});
+    const AbsorbReport report = absorb(source, {1, 2});
     if (!report.archive.ok())
         return 1;
     int troubled = 0;
