@@ -323,11 +323,44 @@ private slots:
         QVERIFY(!windowNamed("Left page")->isMinimized());
     }
 
+    void undo_goesToTheSongAndShowsItAsItWas()
+    {
+        Program program(archiveOf({"One|A|t|0", "Two|B|u|0"}));
+        const auto undo = [](Qt::KeyboardModifiers more = {}) {
+            press(window, "Title", Qt::Key_Z, Qt::ControlModifier | more);
+        };
+        type(window, "Title", "Zwei");
+        type(window, "Author", "C");
+        press(window, "Title", Qt::Key_PageUp);
+        type(window, "Tags", "x y");
+        QCOMPARE(program.rooms.edits.stack().undoText(), "tags of 1");
+        undo();
+        QCOMPARE(shown(), "1 One A t");
+        undo();
+        QCOMPARE(shown(), "2 Zwei B u");
+        click(window, "Save");
+        undo(); // what is saved can be undone
+        QCOMPARE(shown(), "2 Two B u");
+        QVERIFY(Module1.archiveChanged);
+        undo(Qt::ShiftModifier);
+        QCOMPARE(shown(), "2 Zwei B u");
+        QVERIFY(!Module1.archiveChanged);
+        press(window, "Tags", Qt::Key_Y, Qt::ControlModifier);
+        press(window, "Tags", Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(shown(), "1 One A x y");
+        undo();
+        undo();
+        undo();
+        click(window, "Save");
+        QCOMPARE(contents(path), archiveOf({"One|A|t|0", "Two|B|u|0"}));
+    }
+
     void menus_standBehindWork()
     {
         QAction action("Versions");
         QAction other("Check");
-        Form1 form({}, {{"Edit", {}}, {"Archive", {&action, nullptr, &other}}});
+        Edits edits;
+        Form1 form({}, edits, {&action, &other}, {{"Edit", {}}, {"Archive", {&action, nullptr, &other}}});
         put(path, archiveOf({"A|||1"}));
         form.show();
         waitUntilActive(window);

@@ -11,8 +11,9 @@
 
 static constexpr int buttonsInColumn = 11;
 
-mp3::mp3()
+mp3::mp3(std::function<void(int record, int category)> setCategory)
     : Form({"mp3", "Mp3 Manager", 13800, 7650, QPoint(2520, 480)})
+    , setCategory_(std::move(setCategory))
 {
 }
 
@@ -78,11 +79,12 @@ void mp3::Command3_Click(int index)
         messageBox("You must select an mp3 file!");
         return;
     }
-    const Result stored = storeRecording(Module1.pageRecord, source, Module1.audioRecord, index);
+    const Result stored = storeRecording(Module1.pageRecord, source);
     if (!stored.ok()) {
         messageBox("Neither the category nor the recording was stored; both are as they were before.\n"
                    + stored.text());
         return;
     }
+    setCategory_(Module1.audioRecord, index);
     hide();
 }

@@ -3,6 +3,7 @@
 #include "window/form.h"
 
 #include <array>
+#include <functional>
 
 class FileList;
 class FolderList;
@@ -15,7 +16,8 @@ class mp3 : public Form
 {
     Q_OBJECT
 public:
-    mp3();
+    // `setCategory` puts the record into the category.
+    explicit mp3(std::function<void(int record, int category)> setCategory);
 
 protected:
     void build(ControlMaker make) override;
@@ -26,6 +28,8 @@ private:
 
     void File1_Click();
     void Command3_Click(int index); // a category
+
+    const std::function<void(int record, int category)> setCategory_;
 
     // In the order of the table of controls.
     FolderList *Dir1 = nullptr; // the folders

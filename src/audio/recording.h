@@ -2,7 +2,6 @@
 
 #include "files/result.h"
 
-// Puts a copy of `source` in place as the recording of record `pageRecord`, and the category into record
-// `audioRecord` of Module1. Refused while the archive must not be written; after anything but fine neither
-// has changed.
-Result storeRecording(int pageRecord, const QString &source, int audioRecord, int category);
+// Puts a copy of `source` in place as the recording of the record. Refused while the archive must not be
+// written; after anything but fine nothing has changed.
+Result storeRecording(int record, const QString &source);

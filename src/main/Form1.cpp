@@ -15,9 +15,11 @@
 #include <QPushButton>
 #include <QWheelEvent>
 
-Form1::Form1(Doors doors, QList<Menu> menus)
+Form1::Form1(Doors doors, Edits &edits, UndoActions undoing, QList<Menu> menus)
     : Form({"Form1", "Tessaline 5.0", 11010, 9360, QPoint(450, 750)})
     , show_(std::move(doors))
+    , edits_(edits)
+    , undoing_(undoing)
     , menus_(std::move(menus))
 {
 }
@@ -61,9 +63,13 @@ void Form1::makeFields(ControlMaker make)
     Text1 = make.textBox("Text1", "Record", {120, 2760, 10215, 615}, verdana(24));
     Text1->setAlignment(Qt::AlignCenter);
     Text1->setReadOnly(true);
-    on(Text2, &QLineEdit::textChanged, [this] { writeThrough(Module1.recTitle, Text2); });
-    on(Text3, &QLineEdit::textChanged, [this] { writeThrough(Module1.recAuthor, Text3); });
-    on(Text4, &QLineEdit::textChanged, [this] { writeThrough(Module1.recTags, Text4); });
+    on(Text2, &QLineEdit::textChanged, [this] { writeThrough(Field::Title, Text2); });
+    on(Text3, &QLineEdit::textChanged, [this] { writeThrough(Field::Author, Text3); });
+    on(Text4, &QLineEdit::textChanged, [this] { writeThrough(Field::Tags, Text4); });
+    for (TextBox *box : {Text2, Text3, Text4})
+        box->leaveUndoTo(undoing_.undo, undoing_.redo);
+    on(&edits_, &Edits::changed, [this](const QList<int> &records) { showEdited(records); });
+    on(&edits_, &Edits::steppedTo, [this](const QList<int> &records) { goTo(records); });
 }
 
 void Form1::makePages(ControlMaker make)
@@ -159,11 +165,9 @@ bool Form1::eventFilter(QObject *watched, QEvent *event)
 
 void Form1::load()
 {
-    const ArchiveReading reading = loadArchive();
-    const bool isMissing = reading.result.kind == Result::Kind::Missing;
-    if (!isMissing && !tell(reading))
-        return;
-    if (Module1.recCount > 0 || begin() || !isMissing)
+    const bool isRead = readOrBegin();
+    edits_.loaded();
+    if (isRead)
         showArchive(Module1.recCount);
 }
 
@@ -190,28 +194,47 @@ void Form1::showCount()
 void Form1::showRecord()
 {
     const int n = VScroll1->value();
-    const auto entry = static_cast<size_t>(n);
+    edits_.rest();
     Module1.midiRecord = n;
     Text1->setText(QString::number(n));
-    Text2->setText(Module1.recTitle[entry]);
-    Text3->setText(Module1.recAuthor[entry]);
-    Text4->setText(Module1.recTags[entry]);
-    for (TextBox *box : {Text2, Text3, Text4})
-        box->home(false); // a long text shows its beginning
+    showTexts();
     Module1.pageRecord = n;
     Image1->showFile(pagePath(n, Page::Left));
     Image2->showFile(pagePath(n, Page::Right));
     Picture1->setVisible(QFileInfo::exists(recordingPath(n)));
 }
 
-// Every keystroke lands in the record on display.
-void Form1::writeThrough(Module1State::Column &column, const TextBox *box)
+// A long text shows its beginning. A box that has the text already keeps its caret.
+void Form1::showTexts()
 {
-    QString &entry = column[static_cast<size_t>(VScroll1->value())];
-    if (entry == box->text())
-        return;
-    entry = box->text();
-    Module1.archiveChanged = true;
+    const auto n = static_cast<size_t>(VScroll1->value());
+    const std::pair<TextBox *, const QString &> boxes[] = {
+        {Text2, Module1.recTitle[n]}, {Text3, Module1.recAuthor[n]}, {Text4, Module1.recTags[n]}};
+    for (const auto &[box, text] : boxes) {
+        if (box->text() == text)
+            continue;
+        box->setText(text);
+        box->home(false);
+    }
+}
+
+// Somebody else may have edited the record on display.
+void Form1::showEdited(const QList<int> &records)
+{
+    if (records.contains(VScroll1->value()))
+        showTexts();
+}
+
+// Shows what an undo or a redo has changed.
+void Form1::goTo(const QList<int> &records)
+{
+    showAnew(records.contains(VScroll1->value()) ? VScroll1->value() : records.first());
+}
+
+// Every keystroke lands in the record on display.
+void Form1::writeThrough(Field field, const TextBox *box)
+{
+    edits_.type(field, VScroll1->value(), box->text());
 }
 
 // Mp3

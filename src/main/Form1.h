@@ -1,6 +1,7 @@
 #pragma once
 
 #include "archive/archive_file.h"
+#include "songs/edits.h"
 #include "window/form.h"
 
 #include <functional>
@@ -12,8 +13,8 @@ class QMenu;
 class QPushButton;
 
 // The start window and the only way into the others: one record at a time, chosen with VScroll1, whose
-// value is the record on display. Every keystroke goes at once into the arrays of Module1, and to the
-// disk at Save.
+// value is the record on display. Every keystroke goes at once through Edits into the arrays of Module1, and
+// to the disk at Save.
 class Form1 : public Form
 {
     Q_OBJECT
@@ -32,8 +33,13 @@ public:
         QString title;
         QList<QAction *> entries;
     };
+    // What takes back edits and does them again, in a menu and in the text boxes.
+    struct UndoActions {
+        QAction *undo;
+        QAction *redo;
+    };
     // Of the menus, one without entries is not shown.
-    explicit Form1(Doors doors, QList<Menu> menus = {});
+    Form1(Doors doors, Edits &edits, UndoActions undoing, QList<Menu> menus);
 
     // Shows this song, or the one nearest to it that there is, and brings the window forward.
     void showSong(int n);
@@ -58,13 +64,17 @@ private:
     void connectKeys();
 
     void showRecord();
-    void writeThrough(Module1State::Column &column, const TextBox *box);
+    void showTexts();
+    void showEdited(const QList<int> &records);
+    void goTo(const QList<int> &records);
+    void writeThrough(Field field, const TextBox *box);
     void Command2_Click(); // Mp3
     void Command1_Click(); // Save
     void Command5_Click(); // Add
     void Command6_Click(); // SALVA CSV
     void chiudi_Click(); // Exit
 
+    bool readOrBegin();
     bool tell(const ArchiveReading &reading);
     void tellUnviewable();
     bool begin();
@@ -92,5 +102,7 @@ private:
 
     QList<int> toldUnviewable_; // the songs of which tellUnviewable() has told
     const Doors show_;
+    Edits &edits_;
+    const UndoActions undoing_;
     const QList<Menu> menus_;
 };

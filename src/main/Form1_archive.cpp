@@ -12,6 +12,16 @@ static constexpr char replaceQuestion[] =
     "Another program has changed spartiti/archivio.js since it was read here. Do you want to replace it by "
     "what this window holds? What the other program did to it would be lost.";
 
+// True if there is an archive to be shown.
+bool Form1::readOrBegin()
+{
+    const ArchiveReading reading = loadArchive();
+    const bool isMissing = reading.result.kind == Result::Kind::Missing;
+    if (!isMissing && !tell(reading))
+        return false;
+    return Module1.recCount > 0 || begin() || !isMissing;
+}
+
 // False if nothing was read.
 bool Form1::tell(const ArchiveReading &reading)
 {
@@ -77,6 +87,7 @@ bool Form1::beginWithTyped()
     const int shown = VScroll1->value();
     if (!begin())
         return false;
+    edits_.loaded();
     showArchive(Module1.archiveChanged ? Module1.recCount : qMin(shown, Module1.recCount));
     return !Module1.archiveChanged;
 }
@@ -114,6 +125,7 @@ bool Form1::saveSongs()
         messageBox("The archive was saved, but could not be read back.\n" + saved.readBack.text());
         return false;
     }
+    edits_.saved();
     showCount();
     return true;
 }
@@ -137,6 +149,7 @@ void Form1::Command5_Click()
     case Adding::Full:
         return messageBox("The archive is full: it holds 9999 titles.");
     case Adding::Added:
+        edits_.added();
         VScroll1->setMaximum(Module1.recCount);
         VScroll1->setValue(Module1.recCount);
     }

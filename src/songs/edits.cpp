@@ -147,6 +147,10 @@ void Edits::saved()
 void Edits::loaded()
 {
     beginAnew();
+    // What was typed while an archive was begun stands behind its records, and has no numbers yet.
+    while (Module1.archiveChanged && countOnDisk_ > 0
+           && Module1.recNumber[static_cast<size_t>(countOnDisk_)].isEmpty())
+        countOnDisk_ -= 1;
     stack_.clear();
     emit replaced();
 }

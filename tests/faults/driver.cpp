@@ -75,7 +75,7 @@ static int storeLeftPage()
 
 static int storeCategoryAndRecording()
 {
-    return done(storeRecording(1, "scan.jpg", 1, 9));
+    return done(storeRecording(1, "scan.jpg"));
 }
 
 static int saveMidiSettings()
