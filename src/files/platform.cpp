@@ -6,6 +6,7 @@
 #include <system_error>
 
 #ifdef _WIN32
+#include <filesystem>
 #include <io.h>
 
 bool syncFile(int handle)
@@ -22,6 +23,14 @@ bool syncFileSystem(int)
 
 void syncFolder(const QString &) { }
 
+bool renameOver(const QString &from, const QString &to)
+{
+    std::error_code failure;
+    std::filesystem::rename(from.toStdWString(), to.toStdWString(), failure);
+    errno = failure.default_error_condition().value();
+    return !failure;
+}
+
 bool renameOverNothing(const QString &from, const QString &to)
 {
     return _wrename(from.toStdWString().c_str(), to.toStdWString().c_str()) == 0;
@@ -30,6 +39,11 @@ bool renameOverNothing(const QString &from, const QString &to)
 bool isMissing(const QString &path)
 {
     return _waccess(path.toStdWString().c_str(), 0) != 0 && errno == ENOENT;
+}
+
+bool isNothingThere(const QString &path)
+{
+    return isMissing(path);
 }
 #else
 #include <cstdio>
@@ -71,6 +85,11 @@ void syncFolder(const QString &folder)
     close(handle);
 }
 
+bool renameOver(const QString &from, const QString &to)
+{
+    return rename(QFile::encodeName(from), QFile::encodeName(to)) == 0;
+}
+
 // Where the file system does not know the flag: between the look and the step something may still arrive.
 static bool lookAndRename(const char *from, const char *to)
 {
@@ -99,6 +118,13 @@ bool renameOverNothing(const QString &from, const QString &to)
 bool isMissing(const QString &path)
 {
     return access(QFile::encodeName(path).constData(), F_OK) != 0 && (errno == ENOENT || errno == ENOTDIR);
+}
+
+bool isNothingThere(const QString &path)
+{
+    struct stat found {
+    };
+    return lstat(QFile::encodeName(path).constData(), &found) != 0 && (errno == ENOENT || errno == ENOTDIR);
 }
 #endif
 

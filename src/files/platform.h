@@ -21,6 +21,10 @@ bool syncFileSystem(int handle);
 // Some file systems cannot; that is no failure, since the rename itself is done.
 void syncFolder(const QString &folder);
 
+// Puts a file, or a link itself, in place of whatever bears that name, on one disk and in one step. False
+// with errno set where that cannot be done.
+bool renameOver(const QString &from, const QString &to);
+
 // Gives a file another name, on one disk and in one step. False with errno set where that cannot be done;
 // EEXIST where something bears the name already, which stays as it is.
 bool renameOverNothing(const QString &from, const QString &to);
@@ -28,6 +32,9 @@ bool renameOverNothing(const QString &from, const QString &to);
 // True only where the system says that nothing bears this name. A path that cannot be looked at, since a
 // folder on the way refuses it or the disk fails, may well lead to something.
 bool isMissing(const QString &path);
+
+// As isMissing(), but a link to nothing is something.
+bool isNothingThere(const QString &path);
 
 // The system's words for the present errno.
 QString systemReason();

@@ -2,17 +2,17 @@
 
 #include "files/data_folder.h"
 #include "files/platform.h"
+#include "files/replacement.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <memory>
 #include <vector>
 
 using Kind = Result::Kind;
+using Link = Replacement::Link;
 
 Result openToRead(QFile &file)
 {
@@ -52,107 +52,47 @@ bool holdsJust(const QString &path, QByteArrayView bytes)
     return true;
 }
 
-static Result unwritable(const QSaveFile &file, const QString &reason)
-{
-    return Result::failed(Kind::Unwritable, file.fileName(), reason);
-}
-
-static Result makeFolderOf(const QString &path)
-{
-    const QString folder = QFileInfo(path).path();
-    if (QDir().mkpath(folder))
-        return {};
-    const auto reason = QStringLiteral("the folder %1 cannot be made");
-    return Result::failed(Kind::Unwritable, path, reason.arg(shownPath(folder)));
-}
-
-static Result openToReplace(QSaveFile &file)
-{
-    if (const Result made = makeFolderOf(file.fileName()); !made.ok())
-        return made;
-    if (!file.open(QIODevice::WriteOnly))
-        return unwritable(file, file.errorString());
-    return {};
-}
-
-// A disk that fills up takes a part first and gives the reason only for the rest.
-static Result writeAll(QSaveFile &file, QByteArrayView bytes)
-{
-    while (!bytes.isEmpty()) {
-        const qint64 written = file.write(bytes.data(), bytes.size());
-        if (written <= 0)
-            return unwritable(file, file.errorString());
-        bytes = bytes.sliced(written);
-    }
-    return {};
-}
-
-// The order of what follows is not optional: a bare commit() flushes too late, ignores a failure to do so,
-// and renames an empty file over the old one.
-static Result finishContents(QSaveFile &file, qint64 expectedSize)
-{
-    if (!file.flush()) // one that stopped half-way leaves its reason in errno alone
-        return unwritable(file, systemReason());
-    if (file.size() != expectedSize)
-        return unwritable(file, "not all of it could be written");
-    return {};
-}
-
-static Result syncContents(const QSaveFile &file)
-{
-    return syncFile(file.handle()) ? Result() : unwritable(file, systemReason());
-}
-
-static Result commit(QSaveFile &file)
-{
-    return file.commit() ? Result() : unwritable(file, file.errorString());
-}
-
-static Result putInPlace(QSaveFile &file)
-{
-    if (const Result synced = syncContents(file); !synced.ok())
-        return synced;
-    if (const Result committed = commit(file); !committed.ok())
-        return committed;
-    syncFolder(QFileInfo(file.fileName()).path());
-    return {};
-}
-
 Result replaceFile(const QString &path, QByteArrayView bytes)
 {
     return replaceFile(path, QList<QByteArrayView>{bytes});
 }
 
-Result replaceFile(const QString &path, const QList<QByteArrayView> &pieces)
+static Result syncAndPutInPlace(Replacement &file)
 {
-    QSaveFile file(path);
-    if (const Result opened = openToReplace(file); !opened.ok())
-        return opened;
-    qint64 size = 0;
-    for (const QByteArrayView piece : pieces) {
-        if (const Result written = writeAll(file, piece); !written.ok())
-            return written;
-        size += piece.size();
-    }
-    if (const Result finished = finishContents(file, size); !finished.ok())
-        return finished;
-    return putInPlace(file);
+    Result done = file.sync();
+    if (done.ok())
+        done = file.putInPlace();
+    if (done.ok())
+        syncFolder(file.folder());
+    return done;
 }
 
-static Result copyContents(QFile &from, QSaveFile &to)
+Result replaceFile(const QString &path, const QList<QByteArrayView> &pieces)
+{
+    Replacement file(path, Link::Followed);
+    if (const Result opened = file.open(); !opened.ok())
+        return opened;
+    for (const QByteArrayView piece : pieces) {
+        if (const Result written = file.write(piece); !written.ok())
+            return written;
+    }
+    if (const Result finished = file.finish(); !finished.ok())
+        return finished;
+    return syncAndPutInPlace(file);
+}
+
+static Result copyContents(QFile &from, Replacement &to)
 {
     static constexpr qint64 chunkSize = 1 << 16;
     QByteArray chunk(chunkSize, Qt::Uninitialized);
-    qint64 copied = 0;
     while (true) {
         const qint64 got = from.read(chunk.data(), chunkSize);
         if (got < 0)
             return Result::failed(Kind::Unreadable, from.fileName(), from.errorString());
         if (got == 0)
-            return finishContents(to, copied);
-        if (const Result written = writeAll(to, QByteArrayView(chunk.constData(), got)); !written.ok())
+            return to.finish();
+        if (const Result written = to.write(QByteArrayView(chunk.constData(), got)); !written.ok())
             return written;
-        copied += got;
     }
 }
 
@@ -163,36 +103,28 @@ static bool isSameFile(const QString &one, const QString &other)
 }
 
 // Writes the copy beside its target. Fine with `to` not open: they are one file, there is nothing to do.
-static Result prepareCopy(const QString &source, QSaveFile &to)
+static Result prepareCopy(const FileCopy &copy, Replacement &to)
 {
-    QFile from(source);
+    QFile from(copy.source);
     if (const Result opened = openToRead(from); !opened.ok())
         return opened;
-    if (isSameFile(source, to.fileName()))
+    if (isSameFile(copy.source, copy.target))
         return {};
-    if (const Result opened = openToReplace(to); !opened.ok())
+    if (const Result opened = to.open(); !opened.ok())
         return opened;
     return copyContents(from, to);
 }
 
 Result copyFile(const QString &source, const QString &target)
 {
-    QSaveFile to(target);
-    if (const Result prepared = prepareCopy(source, to); !prepared.ok() || !to.isOpen())
+    Replacement to(target, Link::Replaced);
+    if (const Result prepared = prepareCopy({source, target}, to); !prepared.ok() || !to.isOpen())
         return prepared;
-    return putInPlace(to);
+    return syncAndPutInPlace(to);
 }
 
-static bool isNothingThere(const QString &path)
+static void syncFolders(QStringList folders)
 {
-    return isMissing(path) && !QFileInfo(path).isSymLink();
-}
-
-static void syncFoldersOf(const QStringList &paths)
-{
-    QStringList folders;
-    for (const QString &path : paths)
-        folders += QFileInfo(path).path();
     folders.removeDuplicates();
     for (const QString &folder : std::as_const(folders))
         syncFolder(folder);
@@ -206,20 +138,20 @@ Result moveFile(const QString &source, const QString &target)
         return made;
     if (!renameOverNothing(source, target))
         return Result::failed(Kind::Unwritable, target, systemReason());
-    syncFoldersOf({target, source});
+    syncFolders({QFileInfo(target).path(), QFileInfo(source).path()});
     return {};
 }
 
 // A copy that lies beside its target. Only those that came out well keep their file open.
 struct PreparedCopy {
-    std::unique_ptr<QSaveFile> file;
+    std::unique_ptr<Replacement> file;
     Result result;
 };
 
 static PreparedCopy prepared(const FileCopy &copy)
 {
-    auto file = std::make_unique<QSaveFile>(copy.target);
-    const Result result = prepareCopy(copy.source, *file);
+    auto file = std::make_unique<Replacement>(copy.target, Link::Replaced);
+    const Result result = prepareCopy(copy, *file);
     if (result.ok() && file->isOpen())
         beginSync(file->handle());
     else
@@ -234,20 +166,20 @@ static void syncGroup(std::vector<PreparedCopy> &group)
         return;
     for (PreparedCopy &copy : group) {
         if (copy.file)
-            copy.result = syncContents(*copy.file);
+            copy.result = copy.file->sync();
     }
 }
 
-static void commitGroup(std::vector<PreparedCopy> &group)
+static void putGroupInPlace(std::vector<PreparedCopy> &group)
 {
-    QStringList targets;
+    QStringList folders;
     for (PreparedCopy &copy : group) {
         if (!copy.file || !copy.result.ok())
             continue;
-        copy.result = commit(*copy.file);
-        targets += copy.file->fileName();
+        copy.result = copy.file->putInPlace();
+        folders += copy.file->folder();
     }
-    syncFoldersOf(targets);
+    syncFolders(folders);
 }
 
 QList<Result> copyFiles(const QList<FileCopy> &copies)
@@ -259,7 +191,7 @@ QList<Result> copyFiles(const QList<FileCopy> &copies)
         for (; next != copies.end() && group.size() < groupSize; ++next)
             group.push_back(prepared(*next));
         syncGroup(group);
-        commitGroup(group);
+        putGroupInPlace(group);
         for (const PreparedCopy &copy : group)
             results += copy.result;
     }

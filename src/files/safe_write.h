@@ -10,7 +10,8 @@ class QFile;
 // Reading and replacing whole files, for everybody. After a kill, a power cut, a full disk or a refused
 // write, a file that is being replaced is the old one or the new one, whole; docs/behaviour.md tells how.
 
-// Opens an ordinary file. Missing, Unreadable or fine; a folder or a pipe under that name is Unreadable.
+// Opens an ordinary file. Missing, Unreadable or fine; a folder, a pipe or a device is Unreadable and not
+// opened, since it could keep the program waiting for ever.
 Result openToRead(QFile &file);
 
 // The same, and reads it.
@@ -19,16 +20,18 @@ Result readWhole(const QString &path, QByteArray &bytes);
 // Whether the file is there, can be read, and holds just these bytes.
 bool holdsJust(const QString &path, QByteArrayView bytes);
 
-// Puts `bytes` in place of whatever `path` held. The folder is made where it is missing. Anything but
-// fine is Unwritable, and then the old file stands untouched.
+// Puts `bytes` in place of whatever `path` held; if it is a link, in place of the file that it points to.
+// The folder is made where it is missing. Anything but fine is Unwritable, and then the old file stands
+// untouched.
 Result replaceFile(const QString &path, QByteArrayView bytes);
 
 // The same with the pieces one behind the other.
 Result replaceFile(const QString &path, const QList<QByteArrayView> &pieces);
 
 // Puts a copy of `source`, byte for byte, in place of whatever `target` held, and leaves `source` as it
-// is. Copying a file onto itself changes nothing and is fine. Missing or Unreadable speak of `source`,
-// Unwritable of `target`, and then the old target stands untouched.
+// is. If `target` is a link it is replaced itself, and what it points to stays. Copying a file onto itself
+// changes nothing and is fine. Missing or Unreadable speak of `source`, Unwritable of `target`, and then the
+// old target stands untouched.
 Result copyFile(const QString &source, const QString &target);
 
 // Gives the file `source` the name `target`, on the same disk, whole at every moment; the folder is made

@@ -4,7 +4,6 @@
 #include "files/platform.h"
 #include "files/safe_write.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 using Kind = Result::Kind;
@@ -33,9 +32,8 @@ PageAside setAside(int record, Page page)
     if (isMissing(path))
         return {};
     const QString newPath = freeOldPath(record, page);
-    QFile file(path);
-    if (!file.rename(newPath))
-        return {Result::failed(Kind::Unwritable, path, file.errorString()), {}};
-    syncFolder(QFileInfo(newPath).path());
+    const Result moved = moveFile(path, newPath);
+    if (!moved.ok())
+        return {Result::failed(Kind::Unwritable, path, moved.reason), {}};
     return {{}, newPath};
 }
