@@ -33,11 +33,13 @@ static ScrollBar *bar()
     return control<ScrollBar>(window, "Record");
 }
 
-// The program in a folder without an archive, where "Do you want to begin one?" was answered by No.
+// The program in a folder whose archive is gone, where "Do you want to begin one?" was answered by No.
 struct EmptyProgram : Program {
     EmptyProgram()
-        : Program(QByteArray(), {Answer::No})
+        : Program(archiveOf({"A|a|x|1", "B|||2"}), {Answer::No})
     {
+        QFile::remove(path);
+        rooms.form1.reload();
         told.clear();
     }
 };
@@ -83,40 +85,55 @@ private slots:
 
     void anArchiveThatArrives_isReadNotReplaced_data()
     {
-        QTest::addColumn<QString>("button"); // null at the start, before anything was typed
+        QTest::addColumn<QString>("button"); // clicked after "Typed" was typed; null at the start
+        QTest::addColumn<bool>("whileAsked"); // it arrives while the question stands, else before
         QTest::addColumn<QByteArray>("arriving");
         QTest::addColumn<QString>("record");
-        QTest::addColumn<QString>("told");
+        QTest::addColumn<QString>("told"); // beginning of the last message
         const QByteArray two = archiveOf({"A|a|x|1", "B|||2"});
-        const char *damaged = "The archive was not begun. spartiti/archivio.js is damaged";
-        QTest::addRow("at the start") << QString() << two << "2 B"
-                                      << "";
-        QTest::addRow("at the start, its copying begun") << QString() << QByteArray("") << "" << damaged;
-        QTest::addRow("at Save") << "Save" << two << "3 Typed"
-                                 << "An archive has come into this folder";
-        QTest::addRow("at Add") << "Add" << two << "3 Typed"
-                                << "An archive has come into this folder";
-        QTest::addRow("at Save, half of it") << "Save" << two.first(40) << "1 Typed" << damaged;
+        const QString come = "An archive has come into this folder meanwhile, and was read.";
+        const QString damaged = "The archive was not begun. spartiti/archivio.js is damaged";
+        QTest::addRow("at the start") << QString() << true << two << "2 B" << beginQuestion;
+        QTest::addRow("at the start, nothing yet") << QString() << true << QByteArray("") << "" << damaged;
+        QTest::addRow("at Save") << "Save" << true << two << "3 Typed" << come;
+        QTest::addRow("before Save") << "Save" << false << two << "3 Typed" << come;
+        QTest::addRow("at Save, half of it") << "Save" << true << two.first(40) << "1 Typed" << damaged;
+        QTest::addRow("at Add") << "Add" << true << two << "3 Typed" << come;
     }
     void anArchiveThatArrives_isReadNotReplaced()
     {
         QFETCH(const QString, button);
+        QFETCH(const bool, whileAsked);
         QFETCH(const QByteArray, arriving);
         EmptyProgram program;
-        program.answers = {Answer::Yes, Answer::Ok};
-        program.meanwhile = [&] { put(path, arriving); };
+        program.answers = whileAsked ? QList{Answer::Yes, Answer::Ok} : QList{Answer::Ok};
+        if (whileAsked)
+            program.meanwhile = [&] { put(path, arriving); };
         if (button.isNull()) {
             program.rooms.form1.reload();
         } else {
-            bar()->setFocus();
             press(window, "VScroll1", Qt::Key_PageDown);
             press(window, "VScroll1", Qt::Key_PageUp);
             type(window, "Title", "Typed");
+            if (!whileAsked)
+                put(path, arriving);
             click(window, button);
         }
         QTEST(shown(), "record");
         QCOMPARE(contents(path), arriving);
-        QTEST(program.told.value(1).section(QRegularExpression(" meanwhile| and "), 0, 0), "told");
+        QCOMPARE(hasUnsavedChanges(), !button.isNull());
+        QFETCH(const QString, told);
+        QVERIFY2(program.told.value(program.told.size() - 1).startsWith(told),
+                 qPrintable(program.told.join('|')));
+    }
+
+    void anArchiveOfNoTitlesThatArrives_isBegun()
+    {
+        EmptyProgram program;
+        program.answers = {Answer::Yes};
+        program.meanwhile = [&] { put(path, archiveOf({})); };
+        program.rooms.form1.reload();
+        QCOMPARE(contents(path), archiveOf({"|||0"}));
     }
 
     void theEmptyWindow_beginsWithWhatWasTyped_data()
@@ -159,6 +176,18 @@ private slots:
         QCOMPARE(hasUnsavedChanges(), answer == Answer::No);
     }
 
+    void beginning_failingKeepsWhatWasTyped()
+    {
+        EmptyProgram program;
+        program.answers = {Answer::Yes};
+        press(window, "VScroll1", Qt::Key_PageDown);
+        type(window, "Title", "Typed");
+        clickWithFullDisk(window, "Save");
+        QVERIFY(program.told.value(1).startsWith("The archive was not begun. spartiti/archivio.js: "));
+        QCOMPARE(Module1.recTitle[2], "Typed");
+        QCOMPARE(Module1.recCount, 0);
+    }
+
     void browsing_showsEachRecordAndEditsNothing()
     {
         const Program program(archiveOf({"A|a|x|1", "A title with \\\\ in it||y|2"}));
@@ -184,8 +213,11 @@ private slots:
         const QString text = QString("beginning ").repeated(40);
         const Program program(archiveOf({text + '|' + text + '|' + text + "|1", "B|||2"}));
         press(window, "Title", Qt::Key_PageUp);
-        for (const QString box : {"Title", "Author", "Tags"})
-            QCOMPARE(control<QLineEdit>(window, box)->cursorPositionAt({1, 15}), 0);
+        for (const QString name : {"Title", "Author", "Tags"}) {
+            auto *box = control<QLineEdit>(window, name);
+            box->grab(); // what is in sight is known once it is painted
+            QCOMPARE(box->cursorPositionAt({1, 15}), 0);
+        }
     }
 
     void add_opensOneEmptyRecordUpToTheLimit()
@@ -256,6 +288,8 @@ private slots:
         QVERIFY(program.told.value(1).startsWith("The archive was not saved"));
         QVERIFY(program.told.value(1).endsWith(program.told[0]));
         QCOMPARE(contents(path), "\"cut");
+        click(window, "Add");
+        QCOMPARE(program.told.size(), 2);
     }
 
     void anArchive_isBegunSavedAndExported()
@@ -357,6 +391,7 @@ private slots:
 
     void menus_standBehindWork()
     {
+        const TestFolder folder;
         QAction action("Versions");
         QAction other("Check");
         Edits edits;

@@ -55,7 +55,7 @@ void forgetArchive()
 static void appendTyped(const Module1State &typed)
 {
     for (size_t n = 1; n <= Module1State::lastRecord && Module1.recCount < Module1State::lastRecord; n += 1) {
-        if (!holdsText(typed, n) && typed.recCategory[n].isEmpty())
+        if (!holdsText(typed, n))
             continue;
         Module1.recCount += 1;
         const auto entry = static_cast<size_t>(Module1.recCount);
