@@ -209,10 +209,11 @@ private slots:
         QVERIFY(copyFiles({{"a", "old"}, {"b", "link"}, {"b", "none before"}, {"a", "a"}}).last().ok());
         QVERIFY(!replaceFile("folder", "new").ok() && moveFile("a", "c").ok());
         QVERIFY(!putInPlace("b", "folder", "folder"));
-        const QStringList expected = {"old held old",         "old holds new", "link held linked to",
-                                      "link holds new",       "old held new",  "old holds a",
-                                      "link held new",        "link holds b",  "folder held (missing)",
-                                      "folder kept (missing)"};
+        const QStringList expected = {
+            "old held old",        "old holds new",         "link held linked to",
+            "link holds new",      "old held new",          "old holds a",
+            "link held new",       "link holds b",          "none before held (missing)",
+            "none before holds b", "folder held (missing)", "folder kept (missing)"};
         QCOMPARE(seen, expected);
     }
 

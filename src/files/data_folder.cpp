@@ -2,9 +2,14 @@
 
 #include <QDir>
 
+QString dataFolder(const QString &root)
+{
+    return root + "/spartiti";
+}
+
 static QString inDataFolder(const QString &name, const QString &root = ".")
 {
-    return root + "/spartiti/" + name;
+    return dataFolder(root) + '/' + name;
 }
 
 QString archivePath(const QString &root)

@@ -9,6 +9,9 @@
 
 enum class Page { Left, Right };
 
+// The data folder itself.
+QString dataFolder(const QString &root = ".");
+
 QString archivePath(const QString &root = ".");
 QString categoriesPath(const QString &root = ".");
 QString playlistPath();

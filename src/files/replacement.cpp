@@ -36,13 +36,10 @@ static void callSafely(const Function &function, Arguments... arguments)
 bool putInPlace(const QString &newFile, const QString &place, const QString &path)
 {
     const ReplacementKeeper &keeper = theKeeper();
-    const bool isKept = (keeper.before || keeper.after) && !isNothingThere(place);
-    if (isKept)
-        callSafely(keeper.before, path);
+    callSafely(keeper.before, path);
     const bool replaced = renameOver(newFile, place);
     const int reason = errno;
-    if (isKept)
-        callSafely(keeper.after, path, replaced);
+    callSafely(keeper.after, path, replaced);
     errno = reason;
     return replaced;
 }

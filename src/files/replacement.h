@@ -11,9 +11,10 @@
 // its own (the same with a dot and six letters more), is forced onto the disk, and takes the place of
 // whatever lies there in one step.
 
-// Takes part in every replacement, to keep what is replaced: `before` is called while the old file still
-// stands there, `after` once it is known whether it was replaced. The path is the one that the writer was
-// given; it may be a link. Neither can fail or stop the writing; what they throw is dropped.
+// Takes part in every replacement, to keep what is replaced: `before` is called while the old file, if there
+// is one, still stands there, `after` once it is known whether the new one took its place. The path is the
+// one that the writer was given; it may be a link. Neither can fail or stop the writing; what they throw is
+// dropped.
 struct ReplacementKeeper {
     std::function<void(const QString &path)> before;
     std::function<void(const QString &path, bool wasReplaced)> after;

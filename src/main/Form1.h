@@ -27,6 +27,8 @@ public:
         std::function<void()> playlistfrm;
         std::function<void()> midifrm;
         std::function<void()> Premerge;
+        // The program ends; what is not saved may be wanted back at the next start, or was given up.
+        std::function<void(bool wantsUnsaved)> leave;
     };
     // A menu behind "Work". The actions belong to whoever made them and outlive this window; null is a line.
     struct Menu {
@@ -73,6 +75,7 @@ private:
     void Command5_Click(); // Add
     void Command6_Click(); // SALVA CSV
     void chiudi_Click(); // Exit
+    void leave(bool wantsUnsaved);
 
     bool readOrBegin();
     bool tell(const ArchiveReading &reading);

@@ -167,6 +167,12 @@ void Form1::Command6_Click()
 // Exit
 void Form1::chiudi_Click()
 {
+    leave(true);
+}
+
+void Form1::leave(bool wantsUnsaved)
+{
+    show_.leave(wantsUnsaved);
     unload();
     QCoreApplication::exit();
 }
@@ -175,5 +181,5 @@ void Form1::closeBox()
 {
     if (!hasUnsavedChanges()
         || askBeforeLoss("There are changes that have not been saved. Close all the same?"))
-        chiudi_Click();
+        leave(false);
 }

@@ -33,6 +33,6 @@ int main(int argc, char **argv)
     }
     applyLook(*app);
     Rooms rooms;
-    rooms.form1.show();
+    rooms.start();
     return QApplication::exec();
 }

@@ -1,6 +1,12 @@
 #include "main/rooms.h"
 
+#include "archive/archive_operations.h"
+#include "files/data_folder.h"
+#include "window/message_box.h"
+
 #include <QAction>
+#include <QFileInfo>
+#include <QTimer>
 
 // With what would be undone in its text, and the keys of the platform.
 static Form1::UndoActions undoActions(QUndoStack &stack, QObject *owner)
@@ -16,21 +22,97 @@ static Form1::UndoActions undoActions(QUndoStack &stack, QObject *owner)
 }
 
 Rooms::Rooms()
-    : mp3_([this](int record, int category) {
-        edits.set(Field::Category, {record}, {QString::number(category)});
-    })
+    : sinistra(Page::Left, [this](int record, const QList<Page> &pages) { storedPages(record, pages); })
+    , destra(Page::Right, [this](int record, const QList<Page> &pages) { storedPages(record, pages); })
+    , mp3_([this](int record, int category) { storedRecording(record, category); })
     , merging_([this] { form1.reload(); })
     , Premerge_([this] { openMerging(); })
     , undoing_(undoActions(edits.stack(), &actions_))
-    , form1({[this] { sinistra.show(); }, [this] { destra.show(); }, [this] { mp3_.show(); },
-             [this] { playlistfrm_.show(); }, [this] { midifrm_.show(); }, [this] { Premerge_.show(); }},
-            edits, undoing_, menus())
+    , form1(doors(), edits, undoing_, menus())
 {
+}
+
+Form1::Doors Rooms::doors()
+{
+    return {[this] { sinistra.show(); },
+            [this] { destra.show(); },
+            [this] { mp3_.show(); },
+            [this] { playlistfrm_.show(); },
+            [this] { midifrm_.show(); },
+            [this] { Premerge_.show(); },
+            [this](bool wantsUnsaved) { leave(wantsUnsaved); }};
 }
 
 QList<Form1::Menu> Rooms::menus()
 {
-    return {{"Edit", {undoing_.undo, undoing_.redo}}};
+    return {{"Edit", {undoing_.undo, undoing_.redo}},
+            {"Archive", {entry("Earlier versions…", &Rooms::openVersions)}}};
+}
+
+QAction *Rooms::entry(const QString &text, void (Rooms::*open)(), const QKeySequence &key)
+{
+    auto *action = new QAction(text, &actions_);
+    action->setShortcut(key);
+    QObject::connect(action, &QAction::triggered, &actions_, [this, open] { (this->*open)(); });
+    return action;
+}
+
+void Rooms::start()
+{
+    static constexpr int afterShowing = 100; // milliseconds
+    form1.show();
+    QTimer::singleShot(afterShowing, &actions_, [this] { beginHistory(); });
+}
+
+void Rooms::beginHistory()
+{
+    history = std::make_unique<History>(edits);
+    if (const int song = history->begin())
+        form1.showSong(song);
+}
+
+void Rooms::leave(bool wantsUnsaved)
+{
+    if (history)
+        history->end(wantsUnsaved);
+}
+
+void Rooms::storedPages(int record, const QList<Page> &pages)
+{
+    QStringList files;
+    for (const Page page : pages)
+        files += QFileInfo(pagePath(record, page)).fileName();
+    if (history)
+        history->stored(pages.size() > 1 ? "pages" : "page", record, files);
+}
+
+// The category goes to the song for which the window was opened, the recording to the one on display.
+void Rooms::storedRecording(int record, int category)
+{
+    edits.stack().beginMacro(QStringLiteral("recording of %1").arg(Module1.pageRecord));
+    edits.set(Field::Category, {record}, {QString::number(category)});
+    if (history)
+        history->stored("recording", Module1.pageRecord,
+                        {"audio/" + QFileInfo(recordingPath(Module1.pageRecord)).fileName()});
+    edits.stack().endMacro();
+}
+
+static bool mayForgetUnsaved()
+{
+    return !hasUnsavedChanges()
+        || askBeforeLoss(
+            "There are changes that have not been saved, and they would be lost. Do you want to go "
+            "on all the same?");
+}
+
+void Rooms::openVersions()
+{
+    if (!history)
+        beginHistory();
+    showTheOne(versionsWindow_, [this] {
+        return new EarlierVersions({history->versions, edits, mayForgetUnsaved, [this] { form1.reload(); },
+                                    [this] { form1.showSong(Module1.pageRecord); }});
+    });
 }
 
 // An open list would only come forward, with the songs of the source before.

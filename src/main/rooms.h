@@ -1,6 +1,8 @@
 #pragma once
 
 #include "audio/mp3.h"
+#include "history/earlier_versions.h"
+#include "history/history.h"
 #include "main/Form1.h"
 #include "merge/Premerge.h"
 #include "merge/merging.h"
@@ -17,10 +19,15 @@ class Rooms
 public:
     Rooms();
 
-    Edits edits;
+    // Shows the main window; soon after that it begins to keep what is replaced and what is typed.
+    void start();
+    void beginHistory();
 
-    PagePicker sinistra{Page::Left};
-    PagePicker destra{Page::Right};
+    Edits edits;
+    std::unique_ptr<History> history; // none before beginHistory()
+
+    PagePicker sinistra;
+    PagePicker destra;
     mp3 mp3_;
     playlistfrm playlistfrm_;
     midifrm midifrm_;
@@ -29,10 +36,17 @@ public:
 
 private:
     void openMerging();
+    void openVersions();
+    void storedPages(int record, const QList<Page> &pages);
+    void storedRecording(int record, int category);
+    void leave(bool wantsUnsaved);
+    Form1::Doors doors();
     QList<Form1::Menu> menus();
+    QAction *entry(const QString &text, void (Rooms::*open)(), const QKeySequence &key = {});
 
     QObject actions_; // owns the entries of the menus
     const Form1::UndoActions undoing_;
+    QPointer<EarlierVersions> versionsWindow_;
 
 public:
     Form1 form1;

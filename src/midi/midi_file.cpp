@@ -166,16 +166,18 @@ static Result readTable(MidiTable &table)
     return isWhole ? Result{} : damaged(file);
 }
 
-Result readMidiFile(MidiTable &table)
+Result readMidiFile(MidiTable &table, const QString &path)
 {
-    if (!table.bytes.isEmpty() && holdsJust(midiPath(), table.bytes))
+    if (!table.bytes.isEmpty() && holdsJust(path, table.bytes))
         return {};
     MidiTable found;
-    Result result = readWhole(midiPath(), found.bytes);
+    Result result = readWhole(path, found.bytes);
     if (result.ok())
         result = readTable(found);
     if (result.ok())
         table = std::move(found);
+    else
+        result.file = shownPath(path);
     return result;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/data_folder.h"
 #include "files/result.h"
 
 #include <QByteArray>
@@ -60,7 +61,7 @@ int collectMidiFields(const MidiTable &table, int midiRecord, MidiFields &fields
 // Fills the table from the file. Missing, Unreadable, TooLarge for more than 170,000 blocks, or Damaged for
 // a file that a save could not carry along whole; anything but fine leaves the table as it is. A file whose
 // bytes the table already holds is not gone through again.
-Result readMidiFile(MidiTable &table);
+Result readMidiFile(MidiTable &table, const QString &path = midiPath());
 
 // Replaces the file with the table's blocks in their order. The song's rows are taken from `fields`, and a
 // song without a block gets one behind the others. All other texts go out as they came in. Afterwards the

@@ -26,9 +26,10 @@ static PickerTable tableOf(Page page)
     return {{"destra", "Right page", 6855, 5610, QPoint(12030, 465)}, "right", 3690, 3600, 4320, 5040, 495};
 }
 
-PagePicker::PagePicker(Page page)
+PagePicker::PagePicker(Page page, std::function<void(int record, const QList<Page> &pages)> stored)
     : Form(tableOf(page).window)
     , page_(page)
+    , stored_(std::move(stored))
 {
 }
 
@@ -78,6 +79,10 @@ void PagePicker::Command2_Click()
 void PagePicker::tell(int record, const PageStored &stored)
 {
     const QString side = tableOf(page_).side;
+    if (stored.page.ok())
+        stored_(record,
+                page_ == Page::Left && stored.emptySheet.ok() ? QList{Page::Left, Page::Right}
+                                                              : QList{page_});
     if (!stored.page.ok()) {
         messageBox(
             QStringLiteral("The %1 page of title %2 was not stored; its pages are as they were before.\n")

@@ -3,6 +3,8 @@
 #include "pages/page_files.h"
 #include "window/form.h"
 
+#include <functional>
+
 class FileList;
 class FolderList;
 class PathLabel;
@@ -15,7 +17,8 @@ class PagePicker : public Form
 {
     Q_OBJECT
 public:
-    explicit PagePicker(Page page);
+    // `stored` hears which pages of a record were just put in place.
+    PagePicker(Page page, std::function<void(int record, const QList<Page> &pages)> stored);
 
 protected:
     void build(ControlMaker make) override;
@@ -27,6 +30,7 @@ private:
     void tell(int record, const PageStored &stored);
 
     const Page page_;
+    const std::function<void(int record, const QList<Page> &pages)> stored_;
     QString selectedFile; // what "Ok" copies; outlives the controls
 
     // In the order of the table of controls.

@@ -80,16 +80,18 @@ static Result readPlaylists(TokenFile &file, Playlists &playlists)
                                        : failed(Kind::Damaged, "it goes on behind its closing line");
 }
 
-Result readPlaylistFile(Playlists &playlists)
+Result readPlaylistFile(Playlists &playlists, const QString &path)
 {
     QByteArray bytes;
-    if (Result read = readWhole(playlistPath(), bytes); !read.ok())
+    if (Result read = readWhole(path, bytes); !read.ok())
         return read;
     TokenFile file{bytes};
     Playlists found;
     Result result = readPlaylists(file, found);
     if (result.ok())
         playlists = std::move(found);
+    else
+        result.file = shownPath(path);
     return result;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/data_folder.h"
 #include "files/result.h"
 
 #include <QString>
@@ -34,7 +35,7 @@ Result createPlaylistFile();
 // A file without its closing line is read as if it had one. Anything but fine leaves `playlists` as they
 // were: Missing, Unreadable, TooLarge for more than 999 playlists, Damaged where the file holds something
 // that writing it again would lose.
-Result readPlaylistFile(Playlists &playlists);
+Result readPlaylistFile(Playlists &playlists, const QString &path = playlistPath());
 
 // Rewrites the file from `playlists` with `songs` as the song list of `name`: where `name` equals `shown`,
 // every playlist of that name gets it; where that matches none, a playlist is added at the end. Refused if

@@ -155,6 +155,12 @@ void Edits::loaded()
     emit replaced();
 }
 
+std::optional<std::array<QString, 4>> Edits::asOnDisk(int record) const
+{
+    const auto found = onDisk_.find(record);
+    return found == onDisk_.end() || record > countOnDisk_ ? std::nullopt : std::optional(*found);
+}
+
 QList<int> Edits::unsavedRecords() const
 {
     QList<int> records;

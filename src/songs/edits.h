@@ -7,6 +7,9 @@
 #include <QObject>
 #include <QUndoStack>
 
+#include <array>
+#include <optional>
+
 // What of a song can be edited, and taken back.
 enum class Field { Title, Author, Tags, Category };
 
@@ -38,6 +41,10 @@ public:
 
     // The records whose fields differ from those on the disk, and those added since, in order.
     QList<int> unsavedRecords() const;
+
+    // What a record's title, author, tags and category are on the disk, where they differ or once did since
+    // it was read or saved; nothing for one that was added since.
+    std::optional<std::array<QString, 4>> asOnDisk(int record) const;
 
     // With texts as in "Undo title of 12". Nothing else pushes on it.
     QUndoStack &stack() { return stack_; }

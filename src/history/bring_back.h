@@ -1,0 +1,25 @@
+#pragma once
+
+#include "archive/archive_table.h"
+#include "history/thinning.h"
+
+class Edits;
+class Versions;
+
+// Putting earlier versions back in place.
+
+// A version of the archive, read; its result tells if it is damaged.
+ArchiveTable archiveOfVersion(const QString &path);
+
+// The songs that an archive of `count` songs would lack: "12 Amazing Grace", as they are in memory.
+QStringList songsBehind(int count);
+
+// Puts the version that lies in `path` in place of the present file, which becomes a version itself. What
+// was replaced is the whole file, and nothing in memory has changed.
+Result bringBack(const Version &version, const QString &path);
+
+// Takes these songs, numbers from 1, out of a version of the archive or of what was typed and not saved,
+// which lies in `path`, as changes that are not saved and that undo takes back as one step. Returns those
+// that it could not: the archive in memory or the version has no such song.
+QList<int> bringBackSongs(Edits &edits, const Version &version, const QString &path,
+                          const QList<int> &records);

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "history/versions_model.h"
+#include "window/layout_window.h"
+
+#include <functional>
+
+class Edits;
+class ImageFrame;
+class QLabel;
+class QPushButton;
+class QStackedWidget;
+class QStandardItemModel;
+class QTableView;
+
+// The window "Earlier versions": what the files of the archive were before they were replaced, and how to
+// have that back.
+class EarlierVersions : public LayoutWindow
+{
+    Q_OBJECT
+public:
+    // What it needs of others.
+    struct Doors {
+        const Versions &versions;
+        Edits &edits;
+        // Whether unsaved changes may be thrown away; asks where there are some.
+        std::function<bool()> mayForgetUnsaved;
+        // Loads the main window anew after the archive was replaced.
+        std::function<void()> reload;
+        // Pages or a recording lie on the disk that were not there before.
+        std::function<void()> scoresChanged;
+    };
+    explicit EarlierVersions(Doors doors);
+
+private:
+    QWidget *makeVersions();
+    QWidget *makeDetails();
+    QLayout *makeButtons();
+
+    void showVersion();
+    void showDifferences(const Comparison &comparison);
+    void bringBackVersion();
+    void bringBackTyped(const QString &path);
+    void bringBackChosen();
+
+    int row() const;
+    QList<int> chosenSongs() const;
+    bool mayLoseSongs(const QString &path) const;
+    bool mayBringBack(const Version &version, const QString &path) const;
+    void tellDone(const Version &version);
+
+    const Doors doors_;
+    VersionsModel *model_;
+    QTableView *versions_ = nullptr;
+    QTableView *differences_ = nullptr;
+    QStandardItemModel *differing_ = nullptr;
+    ImageFrame *picture_ = nullptr;
+    QLabel *recording_ = nullptr;
+    QStackedWidget *details_ = nullptr;
+    QPushButton *all_ = nullptr; // Bring back
+    QPushButton *chosen_ = nullptr; // Bring back chosen songs
+};
