@@ -89,7 +89,7 @@ static void benchAbsorbing()
          .prepare = emptyFolders},
         [&] {
             const AbsorbReport report = absorb(source, chosen);
-            if (!report.archive.ok() || !report.notCopied.isEmpty())
+            if (!report.result.ok() || !report.notMade.isEmpty())
                 qFatal("the songs were not absorbed");
         },
         copyWithCp);

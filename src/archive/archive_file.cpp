@@ -92,11 +92,8 @@ static char *putRecord(char *to, size_t i)
     return putFieldLine(to, writtenCategory(i));
 }
 
-Result writeArchive(int count)
+QByteArray archiveBytes(int count)
 {
-    if (!Module1.archiveRefusal.isEmpty())
-        return Result::failed(Kind::Refused, archivePath(), Module1.archiveRefusal);
-
     const auto last = static_cast<size_t>(count);
     QByteArray bytes(roomFor(last), Qt::Uninitialized);
     char *to = putText(bytes.data(), "var archivio = [\r\n");
@@ -104,6 +101,14 @@ Result writeArchive(int count)
         to = putRecord(to, i);
     to = putText(to, " ];\r\n");
     bytes.truncate(to - bytes.data());
+    return bytes;
+}
+
+Result writeArchive(int count)
+{
+    if (!Module1.archiveRefusal.isEmpty())
+        return Result::failed(Kind::Refused, archivePath(), Module1.archiveRefusal);
+    QByteArray bytes = archiveBytes(count);
     Result written = replaceFile(archivePath(), bytes);
     if (written.ok())
         Module1.archiveOnDisk = std::move(bytes);

@@ -17,6 +17,9 @@ struct [[nodiscard]] ArchiveReading {
 // archiveRefusal, since a Save would destroy what it holds.
 ArchiveReading loadArchive();
 
+// The file as it is with entries 1 to `count` of the arrays.
+QByteArray archiveBytes(int count);
+
 // Replaces the file with entries 1 to `count` of the arrays, which stay as they are. Refused with
 // archiveRefusal as the reason where that is set; Unwritable leaves the old file in place.
 Result writeArchive(int count = Module1.recCount);

@@ -63,6 +63,11 @@ QString recordingPath(int record)
     return inDataFolder("audio/" + QString::number(record) + ".mp3");
 }
 
+QString arrivingPath(const QString &name)
+{
+    return inDataFolder("arriving/" + name);
+}
+
 QString shownPath(const QString &path)
 {
     return QDir::toNativeSeparators(QDir::cleanPath(path));

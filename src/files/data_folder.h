@@ -29,5 +29,9 @@ QString recordingPath(int record);
 // earlier ones have taken a name.
 QString oldPagePath(int record, Page page, int attempt);
 
+// The path under which what is to be called `name` below spartiti, "12L.jpg" or "audio/12.mp3", is made
+// ready before it is put there. Without a name, the folder of all of them.
+QString arrivingPath(const QString &name = {});
+
 // The form in which people are told of a path: no leading "./", this platform's separators.
 QString shownPath(const QString &path);

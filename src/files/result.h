@@ -12,7 +12,8 @@ struct [[nodiscard]] Result {
         Damaged, // it was read, and its contents do not fit its format
         TooLarge, // it holds more than the program has room for
         Unwritable, // it could not be written; the file on disk is the old one
-        Refused // nothing was tried, for a reason known before
+        Refused, // nothing was tried, for a reason known before
+        Cancelled // a person stopped it before anything had changed
     };
 
     Kind kind = Kind::Fine;

@@ -148,10 +148,22 @@ struct PreparedCopy {
     Result result;
 };
 
+// As prepareCopy(), of bytes that are made only now.
+static Result prepareMade(const FileCopy &copy, Replacement &to)
+{
+    QByteArray bytes;
+    if (const Result made = copy.make(bytes); !made.ok())
+        return made;
+    if (const Result opened = to.open(); !opened.ok())
+        return opened;
+    const Result written = to.write(bytes);
+    return written.ok() ? to.finish() : written;
+}
+
 static PreparedCopy prepared(const FileCopy &copy)
 {
     auto file = std::make_unique<Replacement>(copy.target, Link::Replaced);
-    const Result result = prepareCopy(copy, *file);
+    const Result result = copy.make ? prepareMade(copy, *file) : prepareCopy(copy, *file);
     if (result.ok() && file->isOpen())
         beginSync(file->handle());
     else
@@ -182,14 +194,18 @@ static void putGroupInPlace(std::vector<PreparedCopy> &group)
     syncFolders(folders);
 }
 
-QList<Result> copyFiles(const QList<FileCopy> &copies)
+QList<Result> copyFiles(const QList<FileCopy> &copies, const Progress &progress)
 {
     static constexpr size_t groupSize = 100; // each holds a file open; systems allow as few as 256
     QList<Result> results;
     for (auto next = copies.begin(); next != copies.end();) {
         std::vector<PreparedCopy> group;
-        for (; next != copies.end() && group.size() < groupSize; ++next)
+        for (; next != copies.end() && group.size() < groupSize; ++next) {
+            const auto done = static_cast<int>(next - copies.begin());
+            if (progress && !progress(done, static_cast<int>(copies.size())))
+                return results;
             group.push_back(prepared(*next));
+        }
         syncGroup(group);
         putGroupInPlace(group);
         for (const PreparedCopy &copy : group)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/progress.h"
 #include "files/result.h"
 
 #include <QByteArray>
@@ -39,13 +40,15 @@ Result copyFile(const QString &source, const QString &target);
 // changes. A link is moved itself. Missing where there is no `source`.
 Result moveFile(const QString &source, const QString &target);
 
-// One copy to be made: from where, to where.
+// One copy to be made: from where, to where; or what makes the bytes, where they lie in no file.
 struct FileCopy {
     QString source;
     QString target;
+    std::function<Result(QByteArray &bytes)> make = {};
 };
 
 // As copyFile() for each of them, in this order, with one result each; what fails holds up none of the
 // others. Many files take hardly longer than their bytes need, as the disk is waited for once for many of
-// them, and no more memory or open files than a few.
-QList<Result> copyFiles(const QList<FileCopy> &copies);
+// them, and no more memory or open files than a few. Once `progress` says stop, no more of them are put in
+// place, and the results end with the last one that was.
+QList<Result> copyFiles(const QList<FileCopy> &copies, const Progress &progress = {});

@@ -21,14 +21,14 @@ protected:
     void build(ControlMaker make) override;
 
 private:
-    void Drive1_Change();
-    void Command1_Click();
+    void Drive1_Change(); // another drive is chosen
+    void Command1_Click(); // Ok
 
-    DriveList *Drive1 = nullptr;
-    FolderList *Dir1 = nullptr;
-    FileList *File1 = nullptr;
-    QPushButton *Command1 = nullptr;
-    QLabel *Label2 = nullptr;
+    DriveList *Drive1 = nullptr; // Drive
+    FolderList *Dir1 = nullptr; // Folders
+    FileList *File1 = nullptr; // Start pages
+    QPushButton *Command1 = nullptr; // Ok
+    QLabel *Label2 = nullptr; // hidden: the folder last chosen
 
     const std::function<void()> openMerging_;
 };

@@ -1,5 +1,6 @@
 #include "merge/merge_source.h"
 
+#include "files/platform.h"
 #include "files/safe_write.h"
 
 MergeSource readMergeSource(const QString &folder)
@@ -12,4 +13,10 @@ MergeSource readMergeSource(const QString &folder)
     else
         source.archive = readArchive(bytes, otherArchive, path);
     return source;
+}
+
+bool wasChanged(const MergeSource &source)
+{
+    const QString path = archivePath(source.folder);
+    return !isMissing(path) && !holdsJust(path, source.archive.bytes);
 }

@@ -13,3 +13,6 @@ struct MergeSource {
 // Reads spartiti/archivio.js in `folder`; a remainder of less than a record at its end is ignored. Where it
 // cannot be read the archive's result is Missing or Unreadable.
 [[nodiscard]] MergeSource readMergeSource(const QString &folder);
+
+// Whether its archive is there and holds something else than was read.
+bool wasChanged(const MergeSource &source);

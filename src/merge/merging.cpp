@@ -4,9 +4,12 @@
 #include "archive/archive_file.h"
 #include "controls/image_frame.h"
 #include "look/plain_text.h"
+#include "text/counting.h"
 #include "window/message_box.h"
+#include "window/progress.h"
+#include "window/report_box.h"
 
-#include <QApplication>
+#include <QEvent>
 #include <QListWidget>
 #include <QPushButton>
 
@@ -29,7 +32,10 @@ void merging::build(ControlMaker make)
     on(List1, &QListWidget::currentRowChanged, [this] { List1_Click(); });
     on(List1, &QListWidget::itemClicked, [this](QListWidgetItem *line) {
         List1->setCurrentItem(line); // a click on the box alone would not
+        if (!isPageShown_)
+            List1_Click();
     });
+    List1->viewport()->installEventFilter(this);
     on(Command1, &QPushButton::clicked, [this] { unload(); });
     on(Command2, &QPushButton::clicked, [this] { Command2_Click(); });
     setTabOrder({List1, Command1, Command2});
@@ -54,6 +60,7 @@ static void tell(const MergeSource &source)
 void merging::load()
 {
     source = readMergeSource(Module1.mergeSourcePath);
+    List1->clear();
     for (size_t p = 1; p < source.archive.records.size(); p += 1) {
         const QString title = source.archive.text(source.archive.records[p].title);
         auto *line = new QListWidgetItem(title);
@@ -66,9 +73,19 @@ void merging::load()
     tell(source);
 }
 
+// A click on the line in front shows its page anew; one on another line has shown it when it ends.
+bool merging::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::MouseButtonPress)
+        isPageShown_ = false;
+    return Form::eventFilter(watched, event);
+}
+
 void merging::List1_Click()
 {
-    Image1->showFile(pagePath(List1->currentRow() + 1, Page::Left, source.folder));
+    const int place = List1->currentRow() + 1;
+    Image1->showFile(place > 0 ? pagePath(place, Page::Left, source.folder) : QString());
+    isPageShown_ = true;
 }
 
 QList<int> merging::tickedSlots() const
@@ -81,33 +98,29 @@ QList<int> merging::tickedSlots() const
     return ticked;
 }
 
-// For as long as it lives the pointer tells that the program is busy.
-class BusyPointer
+void merging::tellFailure(const Result &result)
 {
-public:
-    BusyPointer()
-    {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-        // What a box has covered shows again, and so does the pointer; clicks and keys wait.
-        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QString text = "Nothing was absorbed; the archive is as it was before.";
+    if (result.kind != Result::Kind::Cancelled)
+        text += '\n' + result.text();
+    messageBox(text);
+    if (wasChanged(source))
+        load();
+}
+
+static QString replacedArchiveQuestion(qsizetype songs)
+{
+    QString loss = "What the other program did to it would be lost";
+    if (songs > 0) {
+        loss += QStringLiteral(", and pages that lie under the numbers from %1 to %2 would give way to those "
+                               "of the new songs")
+                    .arg(Module1.recCount + 1)
+                    .arg(Module1.recCount + songs);
     }
-    ~BusyPointer() { QApplication::restoreOverrideCursor(); }
-};
-
-static AbsorbReport absorbBusily(const MergeSource &source, const QList<int> &chosen)
-{
-    const BusyPointer busy;
-    return absorb(source, chosen);
+    return "Another program has changed spartiti/archivio.js since it was read here. Do you want to replace "
+           "it by what was read and typed here, with the new songs behind it? "
+        + loss + '.';
 }
-
-static void tellFailure(const Result &archive)
-{
-    messageBox("Nothing was absorbed; the archive is as it was before.\n" + archive.text());
-}
-
-static constexpr char archiveReplacedQuestion[] =
-    "Another program has changed spartiti/archivio.js since it was read here. Do you want to replace it by "
-    "what this window holds? What the other program did to it would be lost.";
 
 // Absorb
 void merging::Command2_Click()
@@ -115,15 +128,16 @@ void merging::Command2_Click()
     const QList<int> chosen = tickedSlots();
     if (const Result possible = checkAbsorb(source, chosen.size()); !possible.ok())
         return tellFailure(possible);
-    if (wasArchiveReplaced() && !askYesNo(archiveReplacedQuestion))
-        return;
     if (!askYesNo("The selected tracks will be added to your archive. You want to proceed?"))
         return;
-    const AbsorbReport report = absorbBusily(source, chosen);
-    if (!report.archive.ok())
-        return tellFailure(report.archive);
+    if (wasArchiveReplaced() && !askBeforeLoss(replacedArchiveQuestion(chosen.size())))
+        return;
+    const AbsorbReport report =
+        absorb(source, chosen, progressBox("Absorbing " + counted(chosen.size(), "song")));
+    if (!report.result.ok())
+        return tellFailure(report.result);
     if (const QString trouble = troubleText(report); !trouble.isEmpty())
-        messageBox(trouble);
+        reportBox("The songs were absorbed. Some of it went otherwise than it should:", trouble);
     messageBox("The merger of the archives has been completed. You will find the newly added songs, in your "
                "Tessaline, at the end of your archive. From there you can edit the corresponding "
                "information (title, authors and tags) according to your needs.");

@@ -19,16 +19,19 @@ public:
 protected:
     void build(ControlMaker make) override;
     void load() override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void List1_Click();
-    void Command2_Click();
+    void List1_Click(); // a line comes to the front
+    void Command2_Click(); // Absorb
 
     QList<int> tickedSlots() const;
+    void tellFailure(const Result &result);
 
-    QListWidget *List1 = nullptr;
-    ImageFrame *Image1 = nullptr;
+    QListWidget *List1 = nullptr; // Scores to absorb
+    ImageFrame *Image1 = nullptr; // Left page
 
     const std::function<void()> reopenMainWindow_;
     MergeSource source;
+    bool isPageShown_ = false; // since the mouse was last pressed
 };

@@ -5,7 +5,7 @@
 #include <QPointer>
 
 // Just after a box has closed no window is active for a moment; the one in front is then that of the box.
-static QWidget *windowInFront()
+QWidget *windowInFront()
 {
     static QPointer<QWidget> last;
     if (QWidget *active = QApplication::activeWindow())

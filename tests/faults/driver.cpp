@@ -40,9 +40,17 @@ static int check()
     return good ? 0 : 1;
 }
 
+// What every start does before it reads anything.
+static int tidy()
+{
+    (void)finishAppending();
+    return 0;
+}
+
 // The start of the program, in a folder that may have no archive yet; whoever is asked says Yes.
 static int start()
 {
+    tidy();
     const Result read = loadArchive().result;
     if (!read.ok() && read.kind != Kind::Missing)
         return 1;
@@ -89,18 +97,28 @@ static int saveMidiSettings()
     return saveMidi(table, 1, fields).outcome == MidiSaving::Outcome::Saved ? 0 : 1;
 }
 
+// One bit for each page of two new songs: left and right of the first, then of the second.
+static int bitOf(const FileTrouble &trouble)
+{
+    for (int bit = 0; bit < 4; bit += 1) {
+        const Page page = bit % 2 == 0 ? Page::Left : Page::Right;
+        if (trouble.path == shownPath(pagePath(Module1.recCount + 1 + bit / 2, page)))
+            return 1 << bit;
+    }
+    return 0;
+}
+
 static int absorbTwo()
 {
     const MergeSource source = readMergeSource("other");
     if (!loadArchive().result.ok() || !source.archive.result.ok())
         return 1;
     const AbsorbReport report = absorb(source, {1, 2});
-    if (!report.archive.ok())
+    if (!report.result.ok())
         return 1;
     int troubled = 0;
-    for (const PageTrouble &trouble : report.notCopied + report.notSetAside)
-        troubled |=
-            1 << ((trouble.record - Module1.recCount - 1) * 2 + (trouble.page == Page::Right ? 1 : 0));
+    for (const FileTrouble &trouble : report.notMade + report.notPlaced + report.notSetAside)
+        troubled |= bitOf(trouble);
     return troubled == 0 ? 0 : 16 + troubled;
 }
 
@@ -126,6 +144,7 @@ struct Operation {
 
 static constexpr Operation operations[] = {
     {"check", check},
+    {"tidy", tidy},
     {"start", start},
     {"save-archive", saveChanged},
     {"export-csv", exportCsv},

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Puts the operations of the core under the faults that lose people's work, and prints one table:
 operation, fault, points tried, points held. A point holds if the program told the truth: after a success
-all files are the new ones, after a failure all are the old ones, and after a kill each is one of the two.
+all files are the new ones, after a failure all are the old ones, and after a kill each is one of the two;
+and once the program has tidied up at its next start, all of them together are the old or the new ones.
 
     faults.py [--quick] DRIVER [FAULT ...]      FAULT: kill refuse full rights power
 
@@ -24,6 +25,7 @@ import time
 
 ERRORS = ["ENOSPC", "EACCES", "EIO", "EDQUOT"]
 LEFTOVER = re.compile(r".*\.(js|jpg|mp3|CSV)\.[A-Za-z0-9]{6}")  # what a kill may leave; everything ignores it
+ARRIVING = "spartiti/arriving"  # new songs' files on the way to their places; everything else ignores it
 NOT_FILES = {"execve", "mmap"}  # of the calls that strace counts among those on files
 
 
@@ -93,7 +95,7 @@ class Skip(Exception):
 def files_in(folder):
     files = {}
     for parent, _, names in os.walk(folder):
-        for name in names:
+        for name in names if not parent.endswith(ARRIVING) else []:
             if not LEFTOVER.fullmatch(name):
                 path = os.path.join(parent, name)
                 with open(path, "rb") as file:
@@ -171,10 +173,17 @@ class Stand:
         """One point: the fault, and then a new start that must find everything in order."""
         with self.copy() as folder:
             code = self.run(folder, prefix)
-            wrong = verdict(self.before, self.wanted, files_in(folder), code)
-            if not wrong and (self.run(folder) != 0 or run(folder, "check") != 0):
-                wrong = "the next start does not get on with it"
-            return wrong
+            after = files_in(folder)
+            wrong = verdict(self.before, self.wanted, after, code)
+            return wrong or self.next_start(folder, [self.before, self.wanted] if code < 0 else [after])
+
+    def next_start(self, folder, good):
+        """What is wrong with it; it must leave all files as one of those that are good."""
+        run(folder, "tidy")
+        if files_in(folder) not in good or os.path.exists(f"{folder}/{ARRIVING}"):
+            return "the next start does not tidy up"
+        if self.run(folder) != 0 or run(folder, "check") != 0:
+            return "the next start does not get on with it"
 
     def calls(self, *choice, loading=True):
         """The system calls of a run without a fault: (name, its number among those of this name)."""

@@ -6,9 +6,13 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
 
 #include <cstdio>
 #include <cstdlib>
@@ -153,12 +157,25 @@ Program::Program(const QByteArray &archive, const QList<Answer> &ahead)
     waitUntilActive("Form1");
 }
 
+// What a person reads in a box: its text, and the report below it if there is one.
+static QString textIn(const QDialog *box)
+{
+    QStringList texts;
+    for (const auto *label : box->findChildren<QLabel *>())
+        texts += label->text();
+    for (const auto *report : box->findChildren<QPlainTextEdit *>())
+        texts += report->toPlainText();
+    texts.removeAll(QString());
+    return texts.join('\n');
+}
+
 void Program::answer()
 {
-    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-    if (!box || !box->isVisible())
+    auto *box = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+    const auto *buttons = box ? box->findChild<QDialogButtonBox *>() : nullptr;
+    if (!buttons || !box->isVisible())
         return;
-    told += box->text();
+    told += textIn(box);
     if (const auto happens = std::exchange(meanwhile, {}))
         happens();
     if (answers.isEmpty())
@@ -166,7 +183,8 @@ void Program::answer()
     else if (answers.first() == enterKey && answers.takeFirst() == enterKey)
         QTest::keyClick(box->windowHandle(), Qt::Key_Return);
     else
-        QTest::mouseClick(box->button(answers.takeFirst()), Qt::LeftButton);
+        QTest::mouseClick(buttons->button(QDialogButtonBox::StandardButton(int(answers.takeFirst()))),
+                          Qt::LeftButton);
 }
 
 void WindowTest::initTestCase()
