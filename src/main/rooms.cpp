@@ -32,6 +32,11 @@ Rooms::Rooms()
 {
 }
 
+Rooms::~Rooms()
+{
+    delete versionsWindow_;
+}
+
 Form1::Doors Rooms::doors()
 {
     return {[this] { sinistra.show(); },

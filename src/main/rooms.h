@@ -18,6 +18,7 @@ class Rooms
 {
 public:
     Rooms();
+    ~Rooms();
 
     // Shows the main window; soon after that it begins to keep what is replaced and what is typed.
     void start();
