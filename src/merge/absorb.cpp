@@ -41,7 +41,8 @@ static NewSong songIn(const MergeSource &source, int slot)
 {
     const ArchiveRecord &record = source.archive.records[static_cast<size_t>(slot)];
     const CodePageReader text = source.archive.text;
-    NewSong song{text(record.title), text(record.author), text(record.tags), text(record.category), {}, {}, {}};
+    NewSong song{
+        text(record.title), text(record.author), text(record.tags), text(record.category), {}, {}, {}};
     if (const auto number = pageNumber(record.number)) {
         song.left.source = pagePath(*number, Page::Left, source.folder);
         song.right.source = pagePath(*number, Page::Right, source.folder);
