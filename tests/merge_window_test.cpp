@@ -1,9 +1,15 @@
 #include "controls/image_frame.h"
 #include "files/data_folder.h"
 #include "support/windows.h"
+#include "window/progress.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QImage>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QRegularExpression>
 
 static void putPicture(int record, Qt::GlobalColor colour)
 {
@@ -26,17 +32,30 @@ struct Stand : Program {
 
 static void openSource(const QString &name = "other")
 {
-    chooseMenu("merging");
-    openFolder("Premerge", name);
-    clickRow("Premerge", "File1", 0);
-    click("Premerge", "Command1");
+    chooseMenu("Merging");
+    openFolder("Preparation", name);
+    clickRow("Preparation", "Start pages", 0);
+    click("Preparation", "Ok");
 }
 
 static QColor preview()
 {
-    const QPixmap &picture = control<ImageFrame>("merging", "Image1")->picture();
+    const QPixmap &picture = control<ImageFrame>("Merging", "Left page")->picture();
     return picture.isNull() ? QColor() : picture.toImage().pixelColor(5, 5);
 }
+
+static void clickTick(int row)
+{
+    clickRow("Merging", "Scores to absorb", row, 10);
+}
+
+static QStringList listed()
+{
+    return shownRows("Merging", "Scores to absorb");
+}
+
+static const QString completed = "The merger of the archives has been completed.";
+static const QString proceed = "The selected tracks will be added to your archive. You want to proceed?";
 
 class MergeWindowTest : public WindowTest
 {
@@ -47,15 +66,15 @@ private slots:
         const Stand stand;
         const QByteArray home = qgetenv("HOME");
         qputenv("HOME", QFile::encodeName(QDir::currentPath() + "/gone"));
-        chooseMenu("merging");
+        chooseMenu("Merging");
         qputenv("HOME", home);
-        openFolder("Premerge", "other");
-        QVERIFY(!control("Premerge", "Command1")->isEnabled());
-        clickFile("Premerge", "index.html");
-        press("Premerge", "Drive1", Qt::Key_Down);
+        openFolder("Preparation", "other");
+        QVERIFY(!control("Preparation", "Ok")->isEnabled());
+        clickFile("Preparation", "index.html");
+        press("Preparation", "Drive", Qt::Key_Down);
         QVERIFY(stand.told.join("").contains("/gone cannot be read."));
-        QVERIFY(control("Premerge", "Command1")->isEnabled());
-        click("Premerge", "Command1");
+        QVERIFY(control("Preparation", "Ok")->isEnabled());
+        click("Preparation", "Ok");
         QCOMPARE(Module1.mergeSourcePath, QDir::currentPath() + "/other");
     }
 
@@ -63,24 +82,43 @@ private slots:
     {
         const Stand stand;
         openSource();
-        control("merging", "List1")->setFocus();
+        control("Merging", "Scores to absorb")->setFocus();
         QVERIFY(!preview().isValid());
-        press("merging", "List1", Qt::Key_Down);
+        press("Merging", "Scores to absorb", Qt::Key_Down);
         QVERIFY(preview().red() > 200);
-        clickRow("merging", "List1", 1, 10);
+        clickTick(1);
         QVERIFY(preview().green() > 200);
-        clickRow("merging", "List1", 2);
+        clickRow("Merging", "Scores to absorb", 2);
         QVERIFY(!preview().isValid());
-        press("merging", "List1", Qt::Key_Home);
-        press("merging", "List1", Qt::Key_Space);
-        QCOMPARE(shownRows("merging", "List1"), QStringList({"+Zebra", "+Apple", "Apple"}));
-        clickRow("merging", "List1", 0, 10);
-        QCOMPARE(shownRows("merging", "List1"), QStringList({"Zebra", "+Apple", "Apple"}));
+        press("Merging", "Scores to absorb", Qt::Key_Home);
+        press("Merging", "Scores to absorb", Qt::Key_Space);
+        QCOMPARE(listed(), QStringList({"+Zebra", "+Apple", "Apple"}));
+        clickTick(0);
+        QCOMPARE(listed(), QStringList({"Zebra", "+Apple", "Apple"}));
 
         put("bare/index.html", "");
         openSource("bare"); // while the other list is open
         QVERIFY(stand.told.join("").endsWith("bare/spartiti/archivio.js: there is no such file"));
-        QCOMPARE(shownRows("merging", "List1"), QStringList());
+        QCOMPARE(listed(), QStringList());
+    }
+
+    void clickOnTheLineInFront_showsItsPageAnew()
+    {
+        const Stand stand;
+        openSource();
+        press("Merging", "Scores to absorb", Qt::Key_Down);
+        putPicture(1, Qt::blue);
+        QVERIFY(preview().red() > 200);
+        clickRow("Merging", "Scores to absorb", 0);
+        QVERIFY(preview().blue() > 200);
+        putPicture(1, Qt::green);
+        clickTick(0);
+        QVERIFY(preview().green() > 200);
+        const auto *page = control<ImageFrame>("Merging", "Left page");
+        const qint64 shown = page->picture().cacheKey();
+        QTest::mousePress(control<QListWidget>("Merging", "Scores to absorb")->viewport(), Qt::LeftButton);
+        clickRow("Merging", "Scores to absorb", 1);
+        QVERIFY(page->picture().cacheKey() != shown);
     }
 
     void absorb_addsTheTickedSongsAndReopensTheMainWindowOnTheLast()
@@ -88,27 +126,117 @@ private slots:
         Stand stand;
         stand.answers = {Answer::No, Answer::Yes, Answer::Ok, Answer::Yes,
                          Answer::Ok, Answer::Ok,  Answer::Yes};
-        type("Form1", "Text3", "unsaved");
+        type("Tessaline 5.0", "Author", "unsaved");
         openSource();
-        clickRow("merging", "List1", 2, 10);
-        clickRow("merging", "List1", 0, 10);
+        clickTick(2);
+        clickTick(0);
         put("spartiti/4L.jpg", "from before");
-        click("merging", "Command2");
-        QCOMPARE(stand.told.value(0),
-                 "The selected tracks will be added to your archive. You want to proceed?");
-        clickWithFullDisk("merging", "Command2", 20);
+        click("Merging", "Absorb");
+        QCOMPARE(stand.told.value(0), proceed);
+        clickWithFullDisk("Merging", "Absorb", 20);
         QVERIFY(stand.told.last().startsWith("Nothing was absorbed; the archive is as it was before.\n"));
         QCOMPARE(namesIn("spartiti"), QStringList({"4L.jpg", "archivio.js"}));
-        click("merging", "Command2");
+        click("Merging", "Absorb");
         QVERIFY(stand.told.value(4).contains("spartiti/4L.jpg is now spartiti/4L (old 1).jpg"));
-        QVERIFY(stand.told.value(5).startsWith("The merger of the archives has been completed."));
+        QVERIFY(stand.told.value(5).startsWith(completed));
         QCOMPARE(contents("spartiti/archivio.js"),
                  archiveOf({"One|A|tag|3", "Two|unsaved||0", "Zebra|||1", "Apple|||3"}));
         QCOMPARE(contents("spartiti/3L.jpg"), contents("other/spartiti/1L.jpg"));
-        QCOMPARE(textOf("Form1", "Label6") + textOf("Form1", "Text1"), "There are 4 titles4");
-        QCOMPARE(shownRows("merging", "List1"), QStringList({"+Zebra", "Apple", "+Apple"}));
-        click("merging", "Command2");
-        QCOMPARE(textOf("Form1", "Label6"), "There are 6 titles");
+        QCOMPARE(textOf("Tessaline 5.0", "Label6"), "There are 4 titles");
+        QCOMPARE(textOf("Tessaline 5.0", "Text1"), "4");
+        QCOMPARE(listed(), QStringList({"+Zebra", "Apple", "+Apple"}));
+        click("Merging", "Absorb");
+        QCOMPARE(textOf("Tessaline 5.0", "Label6"), "There are 6 titles");
+    }
+
+    void anotherStandInItsPlace_isListedAnewAndNothingIsAbsorbed()
+    {
+        Stand stand;
+        openSource();
+        clickTick(0);
+        const QByteArray own = contents("spartiti/archivio.js");
+        stand.answers = {Answer::Yes, Answer::Ok};
+        stand.meanwhile = [] { put("other/spartiti/archivio.js", archiveOf({"Quite another|||1"})); };
+        click("Merging", "Absorb");
+        QCOMPARE(stand.told.size(), 2);
+        QVERIFY(stand.told.last().startsWith("Nothing was absorbed;"));
+        QVERIFY(stand.told.last().endsWith("has changed since it was listed."));
+        QCOMPARE(listed(), QStringList("Quite another"));
+        QVERIFY(!preview().isValid());
+        QCOMPARE(contents("spartiti/archivio.js"), own);
+        QCOMPARE(namesIn("spartiti"), QStringList("archivio.js"));
+    }
+
+    void ownArchiveChangedByAnother_isReplacedOnlyAfterATrueQuestion()
+    {
+        Stand stand;
+        openSource();
+        clickTick(0);
+        clickTick(1);
+        const QByteArray others = archiveOf({"One|A|tag|3", "Two|||", "by another|||"});
+        stand.meanwhile = [&] { put("spartiti/archivio.js", others); };
+        stand.answers = {Answer::Yes, enterKey, Answer::Yes, Answer::Yes};
+        click("Merging", "Absorb");
+        QVERIFY(stand.told.value(1).contains("pages that lie under the next numbers, from 3 on, would give"));
+        QCOMPARE(contents("spartiti/archivio.js"), others);
+        click("Merging", "Absorb");
+        QCOMPARE(contents("spartiti/archivio.js"),
+                 archiveOf({"One|A|tag|3", "Two|||0", "Zebra|||1", "Apple|||2"}));
+    }
+
+    void report_namesEveryPageInABoxThatFitsTheScreen()
+    {
+        Stand stand;
+        QByteArray songs;
+        QStringList wanted;
+        for (int i = 1; i <= 100; i += 1) {
+            const bool named = i % 3 > 0;
+            songs += linesOf((named ? QString::number(i) : "none") + "|Song||tags|1");
+            if (i % 3 == 1)
+                QVERIFY(QDir().mkpath(QStringLiteral("other/spartiti/%1R.jpg").arg(i)));
+            else
+                put(QStringLiteral("spartiti/%1R.jpg").arg(i + 2), "from before");
+            wanted += i % 3 == 1 ? QStringLiteral("spartiti/%1R.jpg: ").arg(i + 2)
+                                 : QStringLiteral("spartiti/%1R.jpg is now ").arg(i + 2);
+            if (!named)
+                wanted += QStringLiteral("%1 Song").arg(i + 2);
+        }
+        put("other/spartiti/archivio.js", fileOf("archivio", songs));
+        openSource();
+        for (int row = 0; row < 100; row += 1)
+            clickTick(row);
+        QSize size;
+        stand.answers = {Answer::Yes, Answer::Ok, Answer::Ok};
+        stand.meanwhile = [&] {
+            stand.meanwhile = [&] {
+                size = QApplication::activeModalWidget()->frameSize();
+                auto *report = control<QPlainTextEdit>("report", "Report");
+                QTest::keySequence(report, QKeySequence::SelectAll);
+                QTest::keySequence(report, QKeySequence::Copy);
+            };
+        };
+        click("Merging", "Absorb");
+        QVERIFY(stand.told.last().startsWith(completed));
+        QVERIFY(size.width() <= 1024 - 8 && size.height() <= 768 - 40);
+        const QStringList copied = QApplication::clipboard()->text().split('\n');
+        for (const QString &line : std::as_const(wanted))
+            QCOMPARE(copied.filter(QRegularExpression('^' + QRegularExpression::escape(line))).size(), 1);
+    }
+
+    void progress_comesAfterHalfASecondAndCanBeCancelled()
+    {
+        const Program program;
+        auto goOn = progressBox("Absorbing 3 songs");
+        QVERIFY(goOn(0, 300) && isWorkRunning());
+        QVERIFY(!windowNamed("progress"));
+        QTest::qWait(600);
+        QVERIFY(goOn(1, 300) && goOn(2, 300));
+        QCOMPARE(QApplication::activeModalWidget(), windowNamed("progress"));
+        QCOMPARE(control<QProgressBar>("progress", "")->value(), 2);
+        click("progress", "Cancel");
+        QVERIFY(!goOn(3, 300));
+        goOn = {};
+        QVERIFY(!windowNamed("progress") && !isWorkRunning());
     }
 };
 

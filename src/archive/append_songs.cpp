@@ -9,6 +9,7 @@
 #include "files/staged_files.h"
 
 #include <QCryptographicHash>
+#include <QFileInfo>
 
 #include <memory>
 #include <optional>
@@ -90,9 +91,9 @@ static Plan planOf(const QByteArray &note)
     Plan plan{lines.takeFirst(), {}, {}};
     for (const QByteArray &line : std::as_const(lines)) {
         const SongFile file = songFileOf(QByteArrayView(line).sliced(line.indexOf(' ') + 1));
-        if (line.startsWith("aside ") && file.page)
+        if (line.startsWith("aside ") && file.record > 0 && file.page)
             plan.toSetAside += file;
-        else if (line.startsWith("put "))
+        else if (line.startsWith("put ") && file.record > 0)
             plan.toPutInPlace += file;
     }
     return plan;
@@ -108,14 +109,24 @@ static void setPageAside(const SongFile &old, AppendReport &report)
         report.setAside += {path, shownPath(aside.newPath)};
 }
 
+// What a page may not replace: a folder, or a file that is protected against writing.
+static bool isInTheWay(const QString &path)
+{
+    const QFileInfo old(path);
+    return old.exists() && !old.isSymbolicLink() && !(old.isFile() && old.isWritable());
+}
+
 // It can be done again.
 static void carryOut(const Plan &plan, StagedFiles &files, AppendReport &report)
 {
     for (const SongFile &old : plan.toSetAside)
         setPageAside(old, report);
     QStringList places;
-    for (const SongFile &ready : plan.toPutInPlace)
+    for (const SongFile &ready : plan.toPutInPlace) {
         places += ready.path();
+        if (ready.page && files.isReady(ready.path()) && isInTheWay(ready.path()))
+            setPageAside(ready, report);
+    }
     const QList<Result> results = files.putInPlace(places);
     for (qsizetype i = 0; i < results.size(); i += 1) {
         const SongFile &ready = plan.toPutInPlace[i];

@@ -118,16 +118,21 @@ Result StagedFiles::readNote(QByteArray &note) const
     return readWhole(notePath(), note);
 }
 
-static Result putOneInPlace(const QString &target)
+bool StagedFiles::isReady(const QString &target) const
+{
+    return !isMissing(arrivingFor(target));
+}
+
+static Result putInPlaceOf(const QString &target)
 {
     const QString ready = arrivingFor(target);
-    if (isMissing(ready) && !isMissing(target))
-        return {};
     if (putInPlace(ready, target, target))
         return {};
     if (errno == EXDEV) // spartiti/audio may be a link to another disk
         return copyFile(ready, target);
-    return Result::failed(Kind::Unwritable, target, systemReason());
+    const QString reason = systemReason();
+    const bool isDone = isMissing(ready) && !isMissing(target);
+    return isDone ? Result{} : Result::failed(Kind::Unwritable, target, reason);
 }
 
 QList<Result> StagedFiles::putInPlace(const QStringList &targets)
@@ -140,7 +145,7 @@ QList<Result> StagedFiles::putInPlace(const QStringList &targets)
         QDir().mkpath(folder);
     QList<Result> results;
     for (const QString &target : targets)
-        results += putOneInPlace(target);
+        results += putInPlaceOf(target);
     for (const QString &folder : std::as_const(folders))
         syncFolder(folder);
     return results;

@@ -33,6 +33,8 @@ public:
     // Missing where the files were not all made ready.
     Result readNote(QByteArray &note) const;
 
+    // Whether a file for that place is ready, and not yet there.
+    bool isReady(const QString &target) const;
     // Puts each of these files in its place, whatever lies there, with one result each. It can be done
     // again: what is in place already is fine.
     QList<Result> putInPlace(const QStringList &targets);

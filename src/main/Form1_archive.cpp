@@ -1,7 +1,9 @@
+#include "archive/append_songs.h"
 #include "archive/archive_operations.h"
 #include "controls/scroll_bar.h"
 #include "main/Form1.h"
 #include "window/message_box.h"
+#include "window/report_box.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -12,9 +14,19 @@ static constexpr char replaceQuestion[] =
     "Another program has changed spartiti/archivio.js since it was read here. Do you want to replace it by "
     "what this window holds? What the other program did to it would be lost.";
 
+// What is still to be done for songs that were being added when the program was ended.
+static void finishSongsBeingAdded()
+{
+    const QStringList troubles = troublesOf(finishAppending());
+    if (!troubles.isEmpty())
+        reportBox("Tessaline was ended while it added songs to the archive. They are all there now.",
+                  troubles.join("\n\n"));
+}
+
 // True if there is an archive to be shown.
 bool Form1::readOrBegin()
 {
+    finishSongsBeingAdded();
     const ArchiveReading reading = loadArchive();
     const bool isMissing = reading.result.kind == Result::Kind::Missing;
     if (!isMissing && !tell(reading))
@@ -55,9 +67,9 @@ void Form1::tellUnviewable()
         lines += QStringLiteral("%1  %2").arg(n).arg(Module1.recTitle[static_cast<size_t>(n)].simplified());
     }
     if (!lines.isEmpty())
-        messageBox("The viewer stops at a backslash or a line end in a title, an author or tags. These songs "
-                   "have one. Type it anew and save:\n"
-                   + lines.join('\n'));
+        reportBox("The viewer stops at a backslash or a line end in a title, an author or tags. These songs "
+                  "have one. Type it anew and save:",
+                  lines.join('\n'));
 }
 
 // Where there is no archive, or one of no titles: true if there is one now, with what was typed.

@@ -108,18 +108,14 @@ void merging::tellFailure(const Result &result)
         load();
 }
 
-static QString replacedArchiveQuestion(qsizetype songs)
+static QString replacedArchiveQuestion()
 {
-    QString loss = "What the other program did to it would be lost";
-    if (songs > 0) {
-        loss += QStringLiteral(", and pages that lie under the numbers from %1 to %2 would give way to those "
-                               "of the new songs")
-                    .arg(Module1.recCount + 1)
-                    .arg(Module1.recCount + songs);
-    }
-    return "Another program has changed spartiti/archivio.js since it was read here. Do you want to replace "
-           "it by what was read and typed here, with the new songs behind it? "
-        + loss + '.';
+    return QStringLiteral(
+               "Another program has changed spartiti/archivio.js since it was read here. Do you want "
+               "to replace it by what was read and typed here, with the new songs behind it? What "
+               "the other program did to it would be lost, and pages that lie under the next "
+               "numbers, from %1 on, would give way to those of the new songs.")
+        .arg(Module1.recCount + 1);
 }
 
 // Absorb
@@ -130,7 +126,7 @@ void merging::Command2_Click()
         return tellFailure(possible);
     if (!askYesNo("The selected tracks will be added to your archive. You want to proceed?"))
         return;
-    if (wasArchiveReplaced() && !askBeforeLoss(replacedArchiveQuestion(chosen.size())))
+    if (wasArchiveReplaced() && !askBeforeLoss(replacedArchiveQuestion()))
         return;
     const AbsorbReport report =
         absorb(source, chosen, progressBox("Absorbing " + counted(chosen.size(), "song")));
