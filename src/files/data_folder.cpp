@@ -2,6 +2,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 QString dataFolder(const QString &root)
 {
     return root + "/spartiti";
@@ -10,6 +12,11 @@ QString dataFolder(const QString &root)
 static QString inDataFolder(const QString &name, const QString &root = ".")
 {
     return dataFolder(root) + '/' + name;
+}
+
+QString recordingsFolder()
+{
+    return inDataFolder("audio");
 }
 
 QString archivePath(const QString &root)
@@ -66,6 +73,30 @@ QString recordingPath(int record)
 QString arrivingPath(const QString &name)
 {
     return inDataFolder("arriving/" + name);
+}
+
+// The number of a name that is a number as people write it, and this ending; 0 if it is none.
+static int numberBefore(QStringView ending, QStringView name)
+{
+    const QStringView digits = name.chopped(qMin(ending.size(), name.size()));
+    const bool isPlain = name.endsWith(ending) && !digits.isEmpty() && digits[0] != u'0'
+        && std::all_of(digits.begin(), digits.end(),
+                       [](QChar digit) { return digit >= u'0' && digit <= u'9'; });
+    return isPlain ? digits.toInt() : 0;
+}
+
+std::optional<PageOfRecord> pageOfName(QStringView name)
+{
+    if (const int record = numberBefore(u"L.jpg", name))
+        return PageOfRecord{record, Page::Left};
+    if (const int record = numberBefore(u"R.jpg", name))
+        return PageOfRecord{record, Page::Right};
+    return {};
+}
+
+int recordOfRecording(QStringView name)
+{
+    return numberBefore(u".mp3", name);
 }
 
 QString shownPath(const QString &path)

@@ -35,6 +35,7 @@ Rooms::Rooms()
 Rooms::~Rooms()
 {
     delete versionsWindow_;
+    delete songs_;
 }
 
 Form1::Doors Rooms::doors()
@@ -50,14 +51,17 @@ Form1::Doors Rooms::doors()
 
 QList<Form1::Menu> Rooms::menus()
 {
-    return {{"Edit", {undoing_.undo, undoing_.redo}},
+    QAction *find = entry("Find a song…", &Rooms::findSong, QKeySequence::Find);
+    return {{"Edit", {undoing_.undo, undoing_.redo, nullptr, find}},
             {"Archive", {entry("Earlier versions…", &Rooms::openVersions)}}};
 }
 
+// An entry of a menu, which outlives the main window; its key works in every window.
 QAction *Rooms::entry(const QString &text, void (Rooms::*open)(), const QKeySequence &key)
 {
     auto *action = new QAction(text, &actions_);
     action->setShortcut(key);
+    action->setShortcutContext(Qt::ApplicationShortcut);
     QObject::connect(action, &QAction::triggered, &actions_, [this, open] { (this->*open)(); });
     return action;
 }
@@ -118,6 +122,14 @@ void Rooms::openVersions()
         return new EarlierVersions({history->versions, edits, mayForgetUnsaved, [this] { form1.reload(); },
                                     [this] { form1.showSong(Module1.pageRecord); }});
     });
+}
+
+void Rooms::findSong()
+{
+    const SongsWindow::Doors doors{[this](int n) { form1.showSong(n); }, [this] { return form1.save(); },
+                                   [this](const QList<int> &songs) { playlistfrm_.addSongs(songs); }};
+    const auto make = [&] { return new SongsWindow(edits, doors, {undoing_.undo, undoing_.redo}); };
+    showTheOne(songs_, make)->startFinding();
 }
 
 // An open list would only come forward, with the songs of the source before.

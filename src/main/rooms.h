@@ -10,6 +10,9 @@
 #include "pages/PagePicker.h"
 #include "playlists/playlistfrm.h"
 #include "songs/edits.h"
+#include "songs/songs_window.h"
+
+#include <QPointer>
 
 // Every window of the program, the edits and the entries of the menus, and what leads from one to another.
 // No window knows a second one: each is handed what it needs of the others here. None has controls before it
@@ -42,12 +45,14 @@ private:
     void storedRecording(int record, int category);
     void leave(bool wantsUnsaved);
     Form1::Doors doors();
+    void findSong();
     QList<Form1::Menu> menus();
     QAction *entry(const QString &text, void (Rooms::*open)(), const QKeySequence &key = {});
 
     QObject actions_; // owns the entries of the menus
     const Form1::UndoActions undoing_;
     QPointer<EarlierVersions> versionsWindow_;
+    QPointer<SongsWindow> songs_;
 
 public:
     Form1 form1;

@@ -4,6 +4,7 @@
 #include "files/result.h"
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 
 #include <array>
@@ -16,6 +17,9 @@
 struct MidiTable {
     static constexpr int lastBlock = 170000;
     static constexpr int channels = 16;
+    static constexpr int linesPerBlock = 1 + channels;
+    static constexpr QByteArrayView header{"var midi = [\r\n"};
+    static constexpr QByteArrayView trailer{" ];\r\n"};
 
     struct Block {
         qsizetype start = 0; // the block's first byte
@@ -63,8 +67,14 @@ int collectMidiFields(const MidiTable &table, int midiRecord, MidiFields &fields
 // bytes the table already holds is not gone through again.
 Result readMidiFile(MidiTable &table, const QString &path = midiPath());
 
+// The same from the bytes that the table holds.
+Result readMidiBytes(MidiTable &table);
+
 // Replaces the file with the table's blocks in their order. The song's rows are taken from `fields`, and a
 // song without a block gets one behind the others. All other texts go out as they came in. Afterwards the
 // table holds what was written. Unwritable, or Refused where the table is full, leaves the file
 // as it is, and the table with the same texts.
 Result writeMidiFile(MidiTable &table, int midiRecord, const MidiFields &fields);
+
+// The same for several songs, which all get these fields, in one writing.
+Result writeMidiFile(MidiTable &table, const QList<int> &midiRecords, const MidiFields &fields);

@@ -1,6 +1,7 @@
 #include "midi/midi_save.h"
 
 #include "archive/archive_operations.h"
+#include "files/data_folder.h"
 
 using Kind = Result::Kind;
 using Outcome = MidiSaving::Outcome;
@@ -29,4 +30,22 @@ MidiSaving saveMidi(MidiTable &table, int midiRecord, const MidiFields &fields)
     table = std::move(onDisk);
     const Result written = writeMidiFile(table, midiRecord, fields);
     return {written.ok() ? Outcome::Saved : Outcome::NotWritten, written, {}};
+}
+
+Result copyMidiSettings(int from, const QList<int> &to)
+{
+    const auto refused = [](const QString &reason) {
+        return Result::failed(Kind::Refused, midiPath(), reason);
+    };
+    if (const Result archive = checkArchive(); !archive.ok())
+        return archive;
+    MidiTable table;
+    if (const Result read = readMidiFile(table); !read.ok())
+        return read.kind == Kind::Missing ? read : refused(read.refusal());
+    if (table.endMissing)
+        return refused("The end of spartiti/midi.js is missing. It is left as it is.");
+    MidiFields fields;
+    if (collectMidiFields(table, from, fields) == 0)
+        return refused(QStringLiteral("Song %1 has no MIDI settings.").arg(from));
+    return writeMidiFile(table, to, fields);
 }

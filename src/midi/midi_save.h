@@ -22,3 +22,8 @@ struct [[nodiscard]] MidiSaving {
 // here, and becomes what it holds then: what another program did to other songs meanwhile is taken over. A
 // file that has gone is written anew from the table.
 MidiSaving saveMidi(MidiTable &table, int midiRecord, const MidiFields &fields);
+
+// Gives these songs the settings of another one, in one writing; all other songs keep theirs. Missing,
+// Unreadable, Damaged, TooLarge or Refused where the file is not as it should be, Unwritable otherwise;
+// then the file is as it was.
+Result copyMidiSettings(int from, const QList<int> &to);

@@ -22,6 +22,22 @@ static QSize reducedSize(QSize full, QSize wanted)
     return {full.width() / reduction, full.height() / reduction};
 }
 
+static bool isOnItsSide(const QImageReader &reader)
+{
+    return reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+}
+
+QSize pageSize(const QString &path)
+{
+    QFile file(path);
+    if (!openToRead(file).ok())
+        return {};
+    QImageReader reader(&file);
+    reader.setDecideFormatFromContent(true);
+    const QSize size = reader.size();
+    return isOnItsSide(reader) ? size.transposed() : size;
+}
+
 QImage decodePage(const QString &path, QSize frame)
 {
     QFile file(path);
@@ -33,8 +49,7 @@ QImage decodePage(const QString &path, QSize frame)
     const QSize full = reader.size();
     if (full.isEmpty() || qint64{full.width()} * full.height() > mostPixels)
         return {};
-    const bool turned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
-    const QSize reduced = reducedSize(full, turned ? frame.transposed() : frame);
+    const QSize reduced = reducedSize(full, isOnItsSide(reader) ? frame.transposed() : frame);
     if (reduced != full)
         reader.setScaledSize(reduced);
     return reader.read().scaled(frame, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

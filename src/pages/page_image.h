@@ -9,3 +9,6 @@
 // of more than 35 million pixels, in the usual reduced colour of more than 70 million.
 // A JPEG that ends too early shows what could be decoded of it.
 QImage decodePage(const QString &path, QSize frame);
+
+// How large the picture is, turned as its EXIF data says; empty where the file is none.
+QSize pageSize(const QString &path);

@@ -173,7 +173,8 @@ void Program::answer()
 {
     auto *box = qobject_cast<QDialog *>(QApplication::activeModalWidget());
     const auto *buttons = box ? box->findChild<QDialogButtonBox *>() : nullptr;
-    if (!buttons || !box->isVisible())
+    const bool asksForMore = box && !box->inherits("QMessageBox") && !box->findChild<QPlainTextEdit *>();
+    if (!buttons || !box->isVisible() || asksForMore)
         return;
     told += textIn(box);
     if (const auto happens = std::exchange(meanwhile, {}))

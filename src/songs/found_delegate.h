@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+class SongTable;
+
+// Paints the cells of the list of songs with what is searched for in bold, and edits them with a box that
+// admits what the files can carry.
+class FoundDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+public:
+    FoundDelegate(const SongTable &table, QObject *parent);
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
+                          const QModelIndex &index) const override;
+
+private:
+    const SongTable &table_;
+};
