@@ -132,6 +132,11 @@ def troubled_pages(before, code):
     return {f"spartiti/{songs + 1 + bit // 2}{'LR'[bit % 2]}.jpg" for bit in range(4) if code & 1 << bit}
 
 
+def is_kept_aside(path, before, after):
+    """A page from before that could not be looked at was given another name instead of being replaced."""
+    return " (old 1)" in path and after.get(path) == before.get(path.replace(" (old 1)", ""))
+
+
 def verdict(before, wanted, after, code):
     """What is wrong; nothing if the point holds."""
     if code == -signal.SIGKILL:
@@ -145,7 +150,8 @@ def verdict(before, wanted, after, code):
     expected = wanted if code in (0, 3) else before
     if code == 3:  # the left page, without the empty sheet
         expected = {**wanted, "spartiti/1R.jpg": before["spartiti/1R.jpg"]}
-    wrong = [path for path in {*expected, *after} if after.get(path) != expected.get(path)]
+    wrong = [path for path in {*expected, *after} if after.get(path) != expected.get(path)
+             and not is_kept_aside(path, before, after)]
     return f"exit code {code}, and yet not so: {wrong}" if wrong else None
 
 
@@ -175,7 +181,8 @@ class Stand:
             code = self.run(folder, prefix)
             after = files_in(folder)
             wrong = verdict(self.before, self.wanted, after, code)
-            return wrong or self.next_start(folder, [self.before, self.wanted] if code < 0 else [after])
+            whole = [self.before, self.wanted] if self.operation.command == "absorb" else [after]
+            return wrong or self.next_start(folder, whole if code < 0 else [after])
 
     def next_start(self, folder, good):
         """What is wrong with it; it must leave all files as one of those that are good."""
