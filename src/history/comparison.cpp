@@ -152,7 +152,7 @@ struct Counts {
 };
 
 static void compareFields(const Entry &then, const Entry &now, const QStringList &names,
-                          Comparison &comparison)
+                          Differences &comparison)
 {
     for (qsizetype i = 0; i < names.size(); i += 1) {
         if (then.fields.value(i) != now.fields.value(i))
@@ -162,7 +162,7 @@ static void compareFields(const Entry &then, const Entry &now, const QStringList
 }
 
 static void compareEntries(const Entries &then, const Entries &now, const Comparable &file,
-                           Comparison &comparison)
+                           Differences &comparison)
 {
     Counts counts;
     for (auto entry = now.begin(); entry != now.end(); ++entry) {
@@ -194,9 +194,9 @@ static Entries onlyThoseIn(const Entries &wanted, const Entries &all)
     return some;
 }
 
-Comparison compareWithNow(const Version &version, const QString &path)
+Differences compareWithNow(const Version &version, const QString &path)
 {
-    Comparison comparison;
+    Differences comparison;
     const Comparable *file = comparableOf(version.file);
     if (!file)
         return comparison;

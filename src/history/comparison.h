@@ -16,7 +16,7 @@ struct Difference {
     bool operator==(const Difference &) const = default;
 };
 
-struct Comparison {
+struct Differences {
     Result result; // anything but fine: the version could not be read
     QString summary; // "3 titles changed, 1 new"; of what has happened since
     QList<Difference> differences;
@@ -24,4 +24,4 @@ struct Comparison {
 
 // Compares the version of a data file that lies in `path` with the present one: of the archive that is what
 // is in memory, saved or not, else what lies on the disk.
-Comparison compareWithNow(const Version &version, const QString &path);
+Differences compareWithNow(const Version &version, const QString &path);

@@ -127,7 +127,7 @@ void EarlierVersions::showVersion()
     }
 }
 
-void EarlierVersions::showDifferences(const Comparison &comparison)
+void EarlierVersions::showDifferences(const Differences &comparison)
 {
     differing_->clear();
     differing_->setHorizontalHeaderLabels({"Which", "Field", "Then", "Now"});

@@ -38,7 +38,7 @@ private:
     QLayout *makeButtons();
 
     void showVersion();
-    void showDifferences(const Comparison &comparison);
+    void showDifferences(const Differences &comparison);
     void bringBackVersion();
     void bringBackTyped(const QString &path);
     void bringBackChosen();

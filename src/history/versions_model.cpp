@@ -19,7 +19,7 @@ void VersionsModel::refresh()
     endResetModel();
 }
 
-const Comparison &VersionsModel::comparison(int row) const
+const Differences &VersionsModel::comparison(int row) const
 {
     if (!compared_.contains(row))
         compared_[row] = compareWithNow(rows_[row], pathOf(row));
@@ -63,7 +63,7 @@ QVariant VersionsModel::data(const QModelIndex &index, int role) const
         return nameForPeople(version.file);
     if (version.kind() == Version::Kind::Score)
         return QLocale().formattedDataSize(version.size);
-    const Comparison &differs = comparison(index.row());
+    const Differences &differs = comparison(index.row());
     return differs.result.ok() ? differs.summary : differs.result.text();
 }
 

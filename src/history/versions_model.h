@@ -20,7 +20,7 @@ public:
     void refresh();
     const Version &at(int row) const { return rows_[row]; }
     QString pathOf(int row) const { return versions_.pathOf(rows_[row]); }
-    const Comparison &comparison(int row) const;
+    const Differences &comparison(int row) const;
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
@@ -30,7 +30,7 @@ public:
 private:
     const Versions &versions_;
     QList<Version> rows_;
-    mutable QHash<int, Comparison> compared_; // by row
+    mutable QHash<int, Differences> compared_; // by row
 };
 
 // What people call a file of the data folder: "Archive", "Left page of 12".
