@@ -1,4 +1,5 @@
 #include "archive/archive_file.h"
+#include "archive/archive_table.h"
 #include "format/code_page.h"
 #include "support/test_folder.h"
 
@@ -31,36 +32,117 @@ class ArchiveFileTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void loadArchive_countsTokens()
+    void readArchive_countsByItsRule_data()
     {
-        const QList<std::pair<int, int>> rows = {// tokens, and records among them; -1 where damaged
-                                                 {0, -1},  {1, -1},  {2, 0},        {7, 0},       {8, -1},
-                                                 {10, -1}, {11, 1},  {16, 1},       {17, -1},     {22, 2},
-                                                 {27, 2},  {28, -1}, {99992, 9999}, {100'002, -1}};
-        for (const auto &[tokens, count] : rows) {
-            const TestFolder folder;
-            const QByteArray file =
-                QByteArray("];\r\n").repeated(qMin(tokens, 2)) + QByteArray("\r\n").repeated(tokens - 2);
-            QCOMPARE(readingOf(file).result.ok(), count >= 0);
-            QCOMPARE(Module1.recCount, qMax(count, 0));
-            QVERIFY(count >= 0 || writeArchive(1).kind == Kind::Refused);
-            QCOMPARE(contents(path), file);
+        QTest::addColumn<int>("tokens");
+        QTest::addColumn<int>("own"); // records of one's own archive; -1 where it is not read
+        QTest::addColumn<int>("other"); // of another stand's
+        const int rows[][3] = {{0, -1, -1},
+                               {1, -1, 0},
+                               {2, 0, 0},
+                               {7, 0, 0},
+                               {8, -1, 0},
+                               {10, -1, 0},
+                               {11, 1, 0},
+                               {16, 1, 1},
+                               {17, -1, 1},
+                               {22, 2, 2},
+                               {27, 2, 2},
+                               {28, -1, 2},
+                               {99'992, 9999, 9999},
+                               {99'996, 9999, 9999},
+                               {100'002, -1, 10'000},
+                               {100'011, -1, 10'000},
+                               {100'012, -1, -1},
+                               {100'100, -1, -1}};
+        for (const auto &[tokens, own, other] : rows)
+            QTest::addRow("%d tokens", tokens) << tokens << own << other;
+    }
+
+    void readArchive_countsByItsRule()
+    {
+        QFETCH(int, tokens);
+        QFETCH(int, own);
+        QFETCH(int, other);
+        const QByteArray file =
+            QByteArray("];\r\n").repeated(qMin(tokens, 2)) + QByteArray("\r\n").repeated(tokens - 2);
+        for (const auto &[rule, count] : {std::pair(ownArchive, own), {otherArchive, other}}) {
+            const ArchiveTable table = readArchive(file, rule);
+            QCOMPARE(table.result.ok(), count >= 0);
+            QCOMPARE(table.count(), qMax(count, 0));
         }
+    }
+
+    void readArchive_tellsWhatIsNotAsWritten_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<int>("irregular");
+        QTest::addColumn<bool>("endMissing");
+        const QByteArray whole = archiveOf(threeRecords), end = " ];\r\n";
+        const auto with = [&](const char *before, const char *after) {
+            return QByteArray(whole).replace(before, after);
+        };
+        QTest::addRow("as written") << whole << 0 << false;
+        QTest::addRow("blank lines behind it") << whole + "\r\n\n" << 0 << false;
+        QTest::addRow("other line ends") << with("\r\n", "\n") << 0 << false;
+        QTest::addRow("no closing line") << whole.chopped(5) << 0 << true;
+        QTest::addRow("another closing line") << with(" ];", "]") << 0 << true;
+        QTest::addRow("more behind it") << whole + "x,y" << 0 << true;
+        QTest::addRow("more behind a field") << with("\"3\",\r\n", "\"3\",x\r\n") << 2 << false;
+        QTest::addRow("a field without quotes") << with("\"33\"", "33") << 0 << false;
+    }
+
+    void readArchive_tellsWhatIsNotAsWritten()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(int, irregular);
+        QFETCH(bool, endMissing);
+        const ArchiveTable table = readArchive(file, ownArchive);
+        QCOMPARE(table.count(), 3);
+        QCOMPARE(table.irregularRecord, irregular);
+        QCOMPARE(table.endMissing, endMissing);
+        for (int n = 1; n <= 3; n += 1)
+            QVERIFY(file.sliced(table.records[static_cast<size_t>(n)].place)
+                        .startsWith('"' + QByteArray::number(n)));
+    }
+
+    void unviewableRecords_areThoseThatStopTheViewer_data()
+    {
+        QTest::addColumn<QStringList>("records");
+        QTest::addColumn<QList<int>>("unviewable");
+        QTest::addRow("none") << QStringList{"AC/DC|b|c|1", "'|,|x|2"} << QList<int>();
+        QTest::addRow("title") << QStringList{"a|b|c|1", "AC\\DC|b|c|2"} << QList<int>{2};
+        QTest::addRow("author") << QStringList{"a|b\r\nb|c|1", "a|b|c|2"} << QList<int>{1};
+        QTest::addRow("tags") << QStringList{"a|b|c\n|1", "a|b|\r|2"} << QList<int>{1, 2};
+        QTest::addRow("category") << QStringList{"a|b|c|\\"} << QList<int>();
+    }
+
+    void unviewableRecords_areThoseThatStopTheViewer()
+    {
+        QFETCH(QStringList, records);
+        QFETCH(QList<int>, unviewable);
+        const TestFolder folder;
+        QCOMPARE(readingOf(archiveOf(records)).unviewable, unviewable);
+    }
+
+    void roundTrip_isByteIdentical_data()
+    {
+        QTest::addColumn<QStringList>("records");
+        const QString any = fromCodePage(everyByte()).remove('|');
+        QTest::addRow("three records") << threeRecords;
+        QTest::addRow("none") << QStringList();
+        QTest::addRow("as many as there can be") << QStringList(9999, "Title|Author|tags|1");
+        QTest::addRow("every byte in every field") << QStringList(any + "|" + any + "|" + any + "|7");
     }
 
     void roundTrip_isByteIdentical()
     {
-        const QString any = fromCodePage(everyByte()).remove('|');
-        for (const QStringList &records :
-             {threeRecords, QStringList(), QStringList(9999, "Title|Author|tags|1"),
-              QStringList(any + "|" + any + "|" + any + "|7")}) {
-            const TestFolder folder;
-            const ArchiveReading reading = readingOf(archiveOf(records));
-            QVERIFY(reading.result.ok() && reading.irregularRecord == 0 && !reading.endMissing);
-            QCOMPARE(recordsInMemory(), records);
-            QVERIFY(writeArchive().ok());
-            QCOMPARE(contents(path), archiveOf(records));
-        }
+        QFETCH(QStringList, records);
+        const TestFolder folder;
+        QVERIFY(readingOf(archiveOf(records)).result.ok());
+        QCOMPARE(recordsInMemory(), records);
+        QVERIFY(writeArchive().ok());
+        QCOMPARE(contents(path), archiveOf(records));
     }
 
     void writeCsv_keepsEveryByte()
@@ -104,15 +186,62 @@ private slots:
                 if (!readingOf(QByteArray(whole).replace(i, 1, byte)).result.ok())
                     continue;
                 const QStringList read = recordsInMemory().replaceInStrings("\"", "'");
-                QVERIFY(writeArchive().ok() && loadArchive().result.ok());
+                QVERIFY(readingOf(archiveBytes(Module1.recCount)).result.ok());
                 for (qsizetype k = 0; k < read.size(); k += 1)
                     QVERIFY(recordsInMemory()[k].startsWith(read[k]));
             }
         }
-        QCOMPARE(readingOf(QByteArray(whole).replace("\"\",\r\n", "\"\",x\r\n")).irregularRecord, 2);
-        QVERIFY(QFile::remove(path) && QFile::link("archivio.js", path)); // there, but out of reach
-        QCOMPARE(loadArchive().result.kind, Kind::Unreadable);
-        QCOMPARE(writeArchive(1).kind, Kind::Refused);
+    }
+
+    void anArchiveThatIsNotRead_isNotWritten_data()
+    {
+        QTest::addColumn<QByteArray>("file"); // null: a link that leads nowhere
+        QTest::addColumn<Kind>("kind");
+        QTest::addColumn<QString>("refusal");
+        const QString damaged = "spartiti/archivio.js is damaged and was not read. It is left as it is.";
+        QTest::addRow("empty") << QByteArray("") << Kind::Damaged << damaged;
+        QTest::addRow("cut in its first record")
+            << QByteArray("var archivio = [\r\n\"1\",\r\n") << Kind::Damaged << damaged;
+        QTest::addRow("10,000 titles")
+            << archiveOf(QStringList(10'000, "T|||")) << Kind::TooLarge
+            << "spartiti/archivio.js holds 10000 titles instead of 9999 at most and was not "
+               "read. It is left as it is.";
+        QTest::addRow("out of reach") << QByteArray() << Kind::Unreadable
+                                      << "spartiti/archivio.js cannot be read (Too many levels of symbolic "
+                                         "links). It is left as it is.";
+    }
+
+    void anArchiveThatIsNotRead_isNotWritten()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(Kind, kind);
+        QFETCH(QString, refusal);
+        const TestFolder folder;
+        QVERIFY(readingOf(archiveOf({"before|||1"})).result.ok());
+        if (file.isNull())
+            QVERIFY(QFile::remove(path) && QFile::link("archivio.js", path));
+        else
+            put(path, file);
+        QCOMPARE(loadArchive().result.kind, kind);
+        QCOMPARE(Module1.archiveRefusal, refusal);
+        QCOMPARE(recordsInMemory(), QStringList("before|||1"));
+        QCOMPARE(writeArchive().text(), refusal);
+        QCOMPARE(writeCsv().text(), refusal);
+        QVERIFY(!wasArchiveReplaced());
+        QCOMPARE(contents(path), file.isNull() ? QByteArray("(missing)") : file);
+        QCOMPARE(namesIn("spartiti"), QStringList("archivio.js"));
+    }
+
+    void wasArchiveReplaced_knowsItsOwnWrites()
+    {
+        const TestFolder folder;
+        QVERIFY(!wasArchiveReplaced());
+        QVERIFY(readingOf(archiveOf(threeRecords)).result.ok() && !wasArchiveReplaced());
+        Module1.recTitle[1] = "changed";
+        QVERIFY(writeArchive(2).ok() && !wasArchiveReplaced());
+        putArchive(threeRecords);
+        QVERIFY(wasArchiveReplaced());
+        QVERIFY(QFile::remove(path) && !wasArchiveReplaced());
     }
 };
 

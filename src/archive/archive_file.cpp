@@ -54,7 +54,10 @@ ArchiveReading loadArchive()
     if (!table.result.ok())
         return refuseFromNowOn(table.result);
     storeRecords(table);
-    return {.result = {}, .irregularRecord = table.irregularRecord, .endMissing = table.endMissing};
+    return {.result = {},
+            .irregularRecord = table.irregularRecord,
+            .endMissing = table.endMissing,
+            .unviewable = unviewableRecords(table)};
 }
 
 static QStringView writtenCategory(size_t i)

@@ -3,6 +3,8 @@
 #include "archive/Module1.h"
 #include "files/result.h"
 
+#include <QList>
+
 // Reading and writing spartiti/archivio.js; docs/file-formats.md tells its format.
 
 // What loadArchive() found. Where the result is not fine, no record has changed.
@@ -10,6 +12,7 @@ struct [[nodiscard]] ArchiveReading {
     Result result;
     int irregularRecord = 0; // the first record with something beside its five lines, from 1; 0 if none
     bool endMissing = false; // behind the last record comes something else than the closing line
+    QList<int> unviewable = {}; // the records at which the viewer stops, see unviewableRecords()
 };
 
 // Fills recCount and entries 1 to recCount of the five arrays of Module1 from the file, and touches no

@@ -120,20 +120,3 @@ Adding addSong()
     Module1.archiveChanged = true;
     return Adding::Added;
 }
-
-static bool stopsViewer(const QString &text)
-{
-    const auto isTrouble = [](QChar letter) { return letter == u'\\' || letter == u'\n' || letter == u'\r'; };
-    return std::any_of(text.begin(), text.end(), isTrouble);
-}
-
-QList<int> unviewableSongs()
-{
-    QList<int> songs;
-    for (size_t n = 1; n <= static_cast<size_t>(Module1.recCount); n += 1) {
-        if (stopsViewer(Module1.recTitle[n]) || stopsViewer(Module1.recAuthor[n])
-            || stopsViewer(Module1.recTags[n]))
-            songs += static_cast<int>(n);
-    }
-    return songs;
-}

@@ -2,8 +2,6 @@
 
 #include "archive/archive_file.h"
 
-#include <QList>
-
 // What is done with the archive of Module1 as a whole. Nothing here asks or tells a person.
 
 // Refused, with the reason, while the archive that lies on the disk could not be read: nobody knows then
@@ -53,6 +51,3 @@ enum class Adding {
 
 // Counts in one more record, which holds what was typed behind the last one.
 Adding addSong();
-
-// The records with a backslash or a line end in their title, author or tags, at which the viewer stops.
-QList<int> unviewableSongs();

@@ -7,7 +7,8 @@
 
 using Kind = Result::Kind;
 
-static constexpr qsizetype tokensPerRecord = 10;
+static constexpr qsizetype linesPerRecord = 5;
+static constexpr qsizetype tokensPerRecord = 2 * linesPerRecord;
 
 // Goes through the file once: it counts the tokens, and takes each ten of them for a record until the count
 // tells how many there are.
@@ -116,4 +117,24 @@ ArchiveTable readArchive(const QByteArray &bytes, CountRule rule, const QString 
     if (count == 0 && table.endMissing && rule.rounding == CountRule::Rounding::Nearest)
         return failed(bytes, Kind::Damaged, path, "it is damaged");
     return table;
+}
+
+static bool stopsViewer(QByteArrayView text)
+{
+    return text.contains('\\') || text.contains('\n') || text.contains('\r');
+}
+
+QList<int> unviewableRecords(const ArchiveTable &table)
+{
+    const qsizetype lines = linesPerRecord * table.count() + 2;
+    const auto hasAsMany = [&](char lineEnd) { return table.bytes.count(lineEnd) == lines; };
+    if (!table.bytes.contains('\\') && hasAsMany('\n') && hasAsMany('\r'))
+        return {}; // nearly always, and sooner than field by field
+    QList<int> records;
+    for (int n = 1; n <= table.count(); n += 1) {
+        const ArchiveRecord &record = table.records[static_cast<size_t>(n)];
+        if (stopsViewer(record.title) || stopsViewer(record.author) || stopsViewer(record.tags))
+            records += n;
+    }
+    return records;
 }

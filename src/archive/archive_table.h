@@ -4,6 +4,8 @@
 #include "files/result.h"
 #include "format/code_page.h"
 
+#include <QList>
+
 #include <vector>
 
 // Reading an archive, whoever's it is: bytes in, a table out. docs/file-formats.md tells the format.
@@ -46,3 +48,7 @@ struct [[nodiscard]] ArchiveTable {
 
 // `path` stands in the result alone.
 ArchiveTable readArchive(const QByteArray &bytes, CountRule rule, const QString &path = archivePath());
+
+// The records with a backslash or a line end in their title, author or tags, at which the viewer's script
+// stops.
+QList<int> unviewableRecords(const ArchiveTable &table);

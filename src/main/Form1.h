@@ -79,7 +79,7 @@ private:
 
     bool readOrBegin();
     bool tell(const ArchiveReading &reading);
-    void tellUnviewable();
+    void tellUnviewable(const QList<int> &songs);
     bool begin();
     bool beginWithTyped();
     bool saveSongs();

@@ -52,15 +52,15 @@ bool Form1::tell(const ArchiveReading &reading)
                                   "%1 titles were read, and a Save would keep these alone.")
                        .arg(Module1.recCount));
     }
-    tellUnviewable();
+    tellUnviewable(reading.unviewable);
     return true;
 }
 
 // Each of them once while the program runs.
-void Form1::tellUnviewable()
+void Form1::tellUnviewable(const QList<int> &songs)
 {
     QStringList lines;
-    for (const int n : unviewableSongs()) {
+    for (const int n : songs) {
         if (toldUnviewable_.contains(n))
             continue;
         toldUnviewable_ += n;
