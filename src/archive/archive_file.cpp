@@ -60,6 +60,13 @@ ArchiveReading loadArchive()
             .unviewable = unviewableRecords(table)};
 }
 
+Result checkArchive()
+{
+    return Module1.archiveRefusal.isEmpty()
+        ? Result{}
+        : Result::failed(Kind::Refused, archivePath(), Module1.archiveRefusal);
+}
+
 static QStringView writtenCategory(size_t i)
 {
     const QStringView category = Module1.recCategory[i];
@@ -109,8 +116,8 @@ QByteArray archiveBytes(int count)
 
 Result writeArchive(int count)
 {
-    if (!Module1.archiveRefusal.isEmpty())
-        return Result::failed(Kind::Refused, archivePath(), Module1.archiveRefusal);
+    if (const Result archive = checkArchive(); !archive.ok())
+        return archive;
     QByteArray bytes = archiveBytes(count);
     Result written = replaceFile(archivePath(), bytes);
     if (written.ok())

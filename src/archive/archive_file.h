@@ -20,6 +20,10 @@ struct [[nodiscard]] ArchiveReading {
 // archiveRefusal, since a Save would destroy what it holds.
 ArchiveReading loadArchive();
 
+// Refused, with the reason, while the archive that lies on the disk could not be read: nobody knows then
+// which songs there are, so nothing that belongs to one may be written.
+Result checkArchive();
+
 // The file as it is with entries 1 to `count` of the arrays.
 QByteArray archiveBytes(int count);
 

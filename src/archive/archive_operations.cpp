@@ -6,15 +6,6 @@
 
 #include <memory>
 
-using Kind = Result::Kind;
-
-Result checkArchive()
-{
-    return Module1.archiveRefusal.isEmpty()
-        ? Result{}
-        : Result::failed(Kind::Refused, archivePath(), Module1.archiveRefusal);
-}
-
 static bool holdsText(const Module1State &state, size_t n)
 {
     return !state.recTitle[n].isEmpty() || !state.recAuthor[n].isEmpty() || !state.recTags[n].isEmpty();
@@ -74,30 +65,37 @@ bool hasArchiveArrived()
         && (Module1.archiveOnDisk.isEmpty() || !holdsJust(archivePath(), Module1.archiveOnDisk));
 }
 
-ArchiveBeginning beginArchive()
+// Writes an archive of the songs in memory, at least of one, and reads it.
+static void writeFirst(ArchiveBeginning &begun)
 {
-    const auto typed = std::make_unique<const Module1State>(Module1);
-    const bool isOther = hasArchiveArrived();
-    ArchiveBeginning begun;
-    forgetArchive();
-    if (isOther)
-        begun.reading = loadArchive();
-    if (!begun.reading.result.ok()) {
-        const QString refusal = Module1.archiveRefusal;
-        Module1 = *typed;
-        Module1.archiveRefusal = refusal;
-        begun.written = refusal.isEmpty() ? begun.reading.result : checkArchive();
-        return begun;
-    }
-    begun.hasArrived = Module1.recCount > 0;
-    appendTyped(*typed);
-    if (begun.hasArrived)
-        return begun;
     begun.written = writeArchive(qMax(Module1.recCount, 1));
     if (begun.written.ok())
         begun.reading = loadArchive();
-    else
+}
+
+static void readArrived(ArchiveBeginning &begun)
+{
+    begun.hasArrived = true;
+    begun.reading = loadArchive();
+    begun.written = Module1.archiveRefusal.isEmpty() ? begun.reading.result : checkArchive();
+}
+
+ArchiveBeginning beginArchive()
+{
+    const auto typed = std::make_unique<const Module1State>(Module1);
+    ArchiveBeginning begun;
+    const bool hasArrived = hasArchiveArrived();
+    forgetArchive();
+    if (hasArrived)
+        readArrived(begun);
+    appendTyped(*typed);
+    if (!hasArrived)
+        writeFirst(begun);
+    if (!begun.written.ok()) {
+        const QString refusal = Module1.archiveRefusal;
         Module1 = *typed;
+        Module1.archiveRefusal = refusal;
+    }
     return begun;
 }
 

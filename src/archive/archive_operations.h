@@ -4,10 +4,6 @@
 
 // What is done with the archive of Module1 as a whole. Nothing here asks or tells a person.
 
-// Refused, with the reason, while the archive that lies on the disk could not be read: nobody knows then
-// which songs there are, so nothing that belongs to one may be written.
-Result checkArchive();
-
 // Whether a record was changed or added since the archive was last read or saved. Text typed behind the
 // last record is no record yet, but it is somebody's work, and counts.
 bool hasUnsavedChanges();
@@ -25,7 +21,7 @@ bool hasArchiveArrived();
 // What became of beginning an archive.
 struct [[nodiscard]] ArchiveBeginning {
     Result written; // not fine: none was begun or read, and what was typed stands where it stood
-    bool hasArrived = false; // nothing was written, since an archive with titles has come; it was read
+    bool hasArrived = false; // nothing was written, since another archive has come; it was read
     ArchiveReading reading; // where `written` is fine, of what lies on the disk now
 };
 

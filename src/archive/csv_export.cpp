@@ -5,8 +5,8 @@
 
 Result writeCsv()
 {
-    if (!Module1.archiveRefusal.isEmpty())
-        return Result::failed(Result::Kind::Refused, csvPath(), Module1.archiveRefusal);
+    if (const Result archive = checkArchive(); !archive.ok())
+        return archive;
     QByteArray bytes;
     for (size_t i = 1; i <= static_cast<size_t>(Module1.recCount); i += 1) {
         appendField(bytes, Module1.recNumber[i]);
