@@ -1,7 +1,6 @@
 // The playlists: whatever is read and written again reads the same; a refused file stays.
 
 #include "memory_files.h"
-#include "playlists/edited_list.h"
 #include "playlists/playlist_file.h"
 
 #include <algorithm>

@@ -55,6 +55,7 @@ RowList::RowList(QWidget *parent)
     setDragEnabled(true);
     setDefaultDropAction(Qt::CopyAction);
     setDropIndicatorShown(false);
+    connect(this, &RowList::rowsCame, this, &RowList::rowsDropped, Qt::QueuedConnection);
 }
 
 void RowList::takeRows()
@@ -196,12 +197,7 @@ void RowList::dropEvent(QDropEvent *event)
     if (!dragged)
         return;
     event->acceptProposedAction();
-    QMetaObject::invokeMethod(
-        this,
-        [this, from = dragged->from, rows = dragged->rows, place = placeAt(event->position().toPoint())] {
-            emit rowsDropped(from, rows, place);
-        },
-        Qt::QueuedConnection);
+    emit rowsCame(dragged->from, dragged->rows, placeAt(event->position().toPoint()), {});
 }
 
 void RowList::paintEvent(QPaintEvent *event)

@@ -28,6 +28,8 @@ signals:
     // Rows were dropped before the row `place`, which may lie behind the last one; the lists are as they
     // were. Comes when the drop is over, so that a message box may follow.
     void rowsDropped(const RowList *from, const QList<int> &rows, int place);
+    // The same while the drop is still under way.
+    void rowsCame(const RowList *from, const QList<int> &rows, int place, QPrivateSignal);
 
 protected:
     Qt::DropActions supportedDropActions() const override { return Qt::CopyAction | Qt::MoveAction; }

@@ -94,8 +94,8 @@ void EditedList::remove(const QList<int> &rows)
         return;
     const QList<ListedSong> songs = songs_.mid(rows.first(), rows.last() + 1 - rows.first());
     QList<ListedSong> kept = songs;
-    for (auto row = rows.rbegin(); row != rows.rend(); ++row)
-        kept.removeAt(*row - rows.first());
+    for (const int row : QList<int>(rows.rbegin(), rows.rend()))
+        kept.removeAt(row - rows.first());
     take({rows.first(), songs, kept, rows, QList<int>()});
 }
 
@@ -138,9 +138,9 @@ void EditedList::moveDown(const QList<int> &rows)
     const QList<ListedSong> before = songs_.mid(first, rows.last() + 2 - first);
     QList<ListedSong> songs = before;
     QList<int> after;
-    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
-        songs.swapItemsAt(*row - first, *row - first + 1);
-        after.prepend(*row + 1);
+    for (const int row : QList<int>(rows.rbegin(), rows.rend())) {
+        songs.swapItemsAt(row - first, row - first + 1);
+        after.prepend(row + 1);
     }
     take({first, before, songs, rows, after});
 }
@@ -180,18 +180,4 @@ void EditedList::acceptLosses()
 {
     for (ListedSong &song : songs_)
         song.isLeftOut = numberOf(song).isEmpty();
-}
-
-QList<int> decodeSongList(const QString &songs)
-{
-    QList<int> numbers;
-    QList<QStringView> pieces = QStringView(songs).split(u',');
-    pieces.removeLast();
-    for (const QStringView piece : pieces) {
-        bool isNumber = false;
-        const int number = piece.toInt(&isNumber);
-        if (isNumber && number >= 0 && number <= Module1State::lastRecord)
-            numbers += number;
-    }
-    return numbers;
 }

@@ -97,7 +97,3 @@ private:
     QUndoStack steps_;
     const std::function<void(const RowChange &)> shown_;
 };
-
-// The record numbers of a song list of the file, in order. The text behind the last comma is never looked
-// at; a piece that is no number from 0 to 9,999 is passed over.
-QList<int> decodeSongList(const QString &songs);

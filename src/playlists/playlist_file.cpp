@@ -1,5 +1,6 @@
 #include "playlists/playlist_file.h"
 
+#include "archive/Module1.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
 #include "format/code_page.h"
@@ -27,6 +28,20 @@ QStringList Playlists::storedUnder(const QString &name) const
         stored += playlistSongs[i];
     }
     return stored;
+}
+
+QList<int> decodeSongList(const QString &songs)
+{
+    QList<int> numbers;
+    QList<QStringView> pieces = QStringView(songs).split(u',');
+    pieces.removeLast();
+    for (const QStringView piece : pieces) {
+        bool isNumber = false;
+        const int number = piece.toInt(&isNumber);
+        if (isNumber && number >= 0 && number <= Module1State::lastRecord)
+            numbers += number;
+    }
+    return numbers;
 }
 
 // True if a quoted token ended with its quote, and not with the file.

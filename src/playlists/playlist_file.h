@@ -3,6 +3,7 @@
 #include "files/data_folder.h"
 #include "files/result.h"
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 
@@ -25,6 +26,10 @@ struct Playlists {
     // no such playlist.
     QStringList storedUnder(const QString &name) const;
 };
+
+// The record numbers of a song list of the file, in order. The text behind the last comma is never looked
+// at; a piece that is no number from 0 to 9,999 is passed over.
+QList<int> decodeSongList(const QString &songs);
 
 // True for the name "];", which the file cannot carry: it would be taken for the end of the file.
 bool isClosingToken(const QString &name);

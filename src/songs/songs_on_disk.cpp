@@ -4,7 +4,6 @@
 #include "files/data_folder.h"
 #include "files/safe_write.h"
 #include "midi/midi_file.h"
-#include "playlists/edited_list.h"
 #include "playlists/playlist_file.h"
 
 #include <QDirIterator>
