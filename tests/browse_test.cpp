@@ -78,6 +78,29 @@ private slots:
         QDir().mkpath(deep);
         list.setPath(deep);
         QVERIFY(list.visualItemRect(list.currentItem()).width() >= list.viewport()->width() / 2);
+        list.resize(100, 300);
+        QVERIFY(list.visualItemRect(list.currentItem()).width() >= list.viewport()->width() / 2);
+    }
+
+    void fileList_forgetsAFileThatIsGone()
+    {
+        const TestFolder folder;
+        put("a/1.jpg", {});
+        put("1.jpg", {});
+        FileList list(nullptr);
+        list.show();
+        QTest::keyClick(&list, Qt::Key_Down);
+        QCOMPARE(list.selected(), "1.jpg");
+        list.setPath("a");
+        QCOMPARE(list.selected(), "");
+        QTest::keyClick(&list, Qt::Key_Down);
+        list.hide();
+        list.show();
+        QCOMPARE(list.selected(), "1.jpg");
+        list.hide();
+        QFile::remove("a/1.jpg");
+        list.show();
+        QCOMPARE(list.selected(), "");
     }
 
     void folderList_readsAnewWhenItComesBack()

@@ -1,9 +1,22 @@
 #include "controls/button.h"
+#include "controls/file_drop.h"
+#include "controls/image_frame.h"
 #include "controls/scroll_bar.h"
+#include "controls/text_box.h"
 #include "support/windows.h"
 
 #include <QApplication>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QUrl>
 #include <QWheelEvent>
+
+// In eighths of a degree; 120 are a notch, away from the person where positive.
+static void turnWheel(QWidget &widget, int angle)
+{
+    QWheelEvent event({5, 5}, {5, 5}, {}, {0, angle}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &event);
+}
 
 class ControlsTest : public WindowTest
 {
@@ -20,24 +33,34 @@ private slots:
         window.show();
         window.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&window));
-        const auto pictured = [&] { return button.grab().toImage(); };
-        const QImage atRest = pictured();
-        QImage flat(98, 38, atRest.format());
+        const auto face = [&] { return button.grab().toImage().copy(3, 3, 94, 34); };
+        const QImage atRest = face();
+        QImage flat(atRest.size(), atRest.format());
         flat.fill(QColor(160, 203, 254));
-        QCOMPARE(atRest.copy(1, 1, 98, 38), flat);
+        QCOMPARE(atRest, flat);
 
         QTest::mouseMove(window.windowHandle(), {50, 30});
-        const QImage hovered = pictured();
+        const QImage hovered = face();
         QTest::mousePress(&button, Qt::LeftButton);
-        const QImage pressed = pictured();
-        QTest::mouseRelease(&button, Qt::LeftButton);
-        QTest::mouseMove(window.windowHandle(), {250, 150});
-        const QImage focused = pictured();
+        const QImage pressed = face();
         button.setEnabled(false);
-        const QImage disabled = pictured();
-        const QList<QImage> all = {atRest, hovered, pressed, focused, disabled};
+        const QImage disabled = face();
+        const QList<QImage> all = {atRest, hovered, pressed, disabled};
         for (qsizetype i = 0; i < all.size(); i += 1)
             QCOMPARE(all.indexOf(all[i]), i);
+    }
+
+    void button_showsThatItHasTheFocus()
+    {
+        QWidget window;
+        Button button(&window);
+        button.resize(100, 40);
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        const QImage focused = button.grab().toImage();
+        button.clearFocus();
+        QVERIFY(button.grab().toImage() != focused);
     }
 
     void scrollBar_movesByOne()
@@ -47,15 +70,16 @@ private slots:
         bar.setValue(50);
         bar.resize(30, 600);
         bar.show();
-        QWheelEvent event({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                          false);
-        QApplication::sendEvent(&bar, &event);
+        turnWheel(bar, -120);
         QTest::mouseClick(&bar, Qt::LeftButton, {}, {15, 580});
         QCOMPARE(bar.value(), 52);
         QTest::mouseClick(&bar, Qt::LeftButton, {}, {15, 500});
         QCOMPARE(bar.value(), 53);
         QTest::keyClick(&bar, Qt::Key_Up);
         QCOMPARE(bar.value(), 52);
+        for (int i = 0; i < 4; i += 1)
+            turnWheel(bar, 60);
+        QCOMPARE(bar.value(), 50);
     }
 
     void scrollBar_waitsUntilTheThumbIsLetGo()
@@ -66,11 +90,62 @@ private slots:
         bar.show();
         QTest::mousePress(&bar, Qt::LeftButton, {}, {15, 25});
         QTest::mouseMove(&bar, {15, 300});
+        turnWheel(bar, -120);
         QCOMPARE(bar.value(), 1);
         QVERIFY(bar.sliderPosition() > 40);
         QTest::mouseRelease(&bar, Qt::LeftButton, {}, {15, 300});
         QCOMPARE(bar.value(), bar.sliderPosition());
         QVERIFY(bar.value() > 40);
+    }
+
+    void imageFrame_isOpenedByDoubleClickOrEnter()
+    {
+        ImageFrame frame(nullptr);
+        const QSignalSpy opened(&frame, &ImageFrame::opened);
+        QTest::mouseClick(&frame, Qt::LeftButton);
+        QTest::mouseDClick(&frame, Qt::RightButton);
+        QTest::keyClick(&frame, Qt::Key_Space);
+        QCOMPARE(opened.size(), 0);
+        QTest::mouseDClick(&frame, Qt::LeftButton);
+        QTest::keyClick(&frame, Qt::Key_Enter);
+        QTest::keyClick(&frame, Qt::Key_Return);
+        QCOMPARE(opened.size(), 3);
+    }
+
+    void fileDrop_takesFilesAndLeavesThemWhereTheyAre_data()
+    {
+        QTest::addColumn<QString>("uris");
+        QTest::addColumn<QStringList>("paths");
+        QTest::addRow("files") << "file:///tmp/a%20b.jpg file:///tmp/%23"
+                               << QStringList({"/tmp/a b.jpg", "/tmp/#"});
+        QTest::addRow("a page of the web among them")
+            << "https://a.b/c.jpg file:///tmp" << QStringList("/tmp");
+        QTest::addRow("no files") << "https://a.b/c.jpg" << QStringList();
+        QTest::addRow("text") << "" << QStringList();
+    }
+
+    void fileDrop_takesFilesAndLeavesThemWhereTheyAre()
+    {
+        QFETCH(QString, uris);
+        QFETCH(QStringList, paths);
+        QWidget window;
+        TextBox box(&window);
+        const FileDrop drop(&window);
+        QSignalSpy dropped(&drop, &FileDrop::dropped);
+        QMimeData data;
+        data.setText("text");
+        if (!uris.isEmpty())
+            data.setUrls(QUrl::fromStringList(uris.split(' ')));
+        const auto all = Qt::CopyAction | Qt::MoveAction;
+        QDragEnterEvent enter({5, 5}, all, &data, Qt::LeftButton, Qt::ShiftModifier);
+        QApplication::sendEvent(paths.isEmpty() ? &window : &box, &enter);
+        QCOMPARE(enter.isAccepted(), !paths.isEmpty());
+        QDropEvent event({5, 5}, all, &data, Qt::LeftButton, Qt::ShiftModifier);
+        QApplication::sendEvent(&window, &event);
+        QVERIFY(paths.isEmpty() || event.dropAction() == Qt::CopyAction);
+        QCoreApplication::processEvents();
+        QCOMPARE(dropped.size(), paths.isEmpty() ? 0 : 1);
+        QCOMPARE(dropped.value(0).value(0).toStringList(), paths);
     }
 };
 

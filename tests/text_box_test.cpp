@@ -67,6 +67,10 @@ private slots:
             {"quotes", " \"Für Elise, €\"", " 'Für Elise, €'", {}},
             {"breaks and blanks", "a\\b\r\nc\nd\te\u2009f", "a/b c d e f", {}},
             {"letters", "e\u0300, Dvořák, ő Łódź", "è, Dvorák, o Lódz", {}},
+            {"accents", "x\u030C \u0301", "x ", {}},
+            {"a point within", "Paraŀlel", "Parallel", {}},
+            {"where pieces meet", QString(255, u'x') + "e\u0301", QString(255, u'x') + "é", {}},
+            {"a sign where pieces meet", QString(255, u'x') + "😀", QString(255, u'x'), "😀"},
             {"signs", "a→b😀→\u200B", "ab", "→ 😀 U+200B"},
             {"markup", "<b>☃</b>", "<b></b>", "☃"},
             {"eleven", "→←↑↓↔↕↖↗↘↙↚", {}, "→ ← ↑ ↓ ↔ ↕ ↖ ↗ ↘ ↙ …"},
@@ -130,6 +134,9 @@ private slots:
             enter(box, way, typed);
         QCOMPARE(box.text(), "[éxqs]");
         QCOMPARE(box.cursorPosition(), 5);
+        box.setText("\\");
+        enter(box, way, "\u0301");
+        QCOMPARE(box.text(), "\\");
     }
 
     void textBox_givesBackWhatAnInputMethodBeganOver()
@@ -145,13 +152,29 @@ private slots:
         compose(":smi", {});
         compose({}, "😀");
         QCOMPARE(box.text(), "abc");
+        box.end(false);
         compose({}, "😀", 2);
         QCOMPARE(box.text(), "abc");
+        compose({}, "d");
+        box.selectAll();
+        compose({}, "😀");
+        QCOMPARE(box.text(), "abcd");
         box.selectAll();
         compose("d", {});
         compose("e", "d");
         compose({}, "😀");
         QCOMPARE(box.text(), "d");
+    }
+
+    // As Windows sends the keys of some languages.
+    void textBox_refusesAFormatCharacterTypedWithCtrl()
+    {
+        TextBox box(nullptr);
+        box.setText("a");
+        box.selectAll();
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_unknown, Qt::ControlModifier | Qt::ShiftModifier, "\u200C");
+        QApplication::sendEvent(&box, &event);
+        QCOMPARE(box.text(), "a");
     }
 
     void textBox_undoesAPastingByItself()
@@ -172,7 +195,7 @@ private slots:
         QWidget window;
         TextBox box(&window);
         QAction undo("Undo title of 12");
-        QAction redo("Redo");
+        QAction redo("Redo title of 12");
         undo.setShortcuts(QKeySequence::Undo);
         redo.setShortcuts({QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y")});
         window.addActions({&undo, &redo});
@@ -196,7 +219,9 @@ private slots:
         QCOMPARE(undone.size(), 1);
         QCOMPARE(redone.size(), 2);
         chooseFromMenu(box, "Undo title of 12");
+        chooseFromMenu(box, "Redo title of 12");
         QCOMPARE(undone.size(), 2);
+        QCOMPARE(redone.size(), 3);
         window.removeAction(&undo);
         pressAll();
         QCOMPARE(box.text(), "a");

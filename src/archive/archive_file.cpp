@@ -24,14 +24,20 @@ static QString sharedCategory(QByteArrayView category, CodePageReader text)
     return shared[number];
 }
 
+// Songs that follow each other often have the same author or tags: equal texts share their memory.
+static QString sharedText(const QString &before, QByteArrayView field, CodePageReader text)
+{
+    return before == QLatin1StringView(field) ? before : text(field);
+}
+
 static void storeRecords(const ArchiveTable &table)
 {
     for (size_t n = 1; n < table.records.size(); n += 1) {
         const ArchiveRecord &record = table.records[n];
         Module1.recNumber[n] = table.text(record.number);
         Module1.recTitle[n] = table.text(record.title);
-        Module1.recAuthor[n] = table.text(record.author);
-        Module1.recTags[n] = table.text(record.tags);
+        Module1.recAuthor[n] = sharedText(Module1.recAuthor[n - 1], record.author, table.text);
+        Module1.recTags[n] = sharedText(Module1.recTags[n - 1], record.tags, table.text);
         Module1.recCategory[n] = sharedCategory(record.category, table.text);
     }
     Module1.recCount = table.count();

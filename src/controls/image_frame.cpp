@@ -2,23 +2,8 @@
 
 #include "pages/page_image.h"
 
-#include <QAccessibleWidget>
 #include <QFileInfo>
 #include <QPainter>
-
-// Lets a screen reader know what Qt has no word for: that a page is a picture.
-static QAccessibleInterface *pictureInterface(const QString &, QObject *object)
-{
-    auto *frame = qobject_cast<ImageFrame *>(object);
-    return frame ? new QAccessibleWidget(frame, QAccessible::Graphic) : nullptr;
-}
-
-ImageFrame::ImageFrame(QWidget *parent)
-    : QWidget(parent)
-{
-    static const bool installed = (QAccessible::installFactory(pictureInterface), true);
-    Q_UNUSED(installed)
-}
 
 void ImageFrame::showFile(const QString &path)
 {
@@ -49,4 +34,5 @@ void ImageFrame::paintEvent(QPaintEvent *)
         painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, notice_);
     else
         painter.drawPixmap(rect(), picture_);
+    paintFocus(painter);
 }

@@ -1,19 +1,22 @@
 #pragma once
 
+#include "controls/openable.h"
+
 #include <QPixmap>
-#include <QWidget>
 
 // Shows a page stretched to its whole frame, whatever the page's proportions.
-class ImageFrame : public QWidget
+class ImageFrame : public Openable
 {
     Q_OBJECT
 public:
-    explicit ImageFrame(QWidget *parent);
+    using Openable::Openable;
 
     // Shows the file, or empties the frame where there is none of that name. A file that cannot be shown
     // leaves the frame without a picture, and notice() stands in it.
     void showFile(const QString &path);
 
+    // The file it shows, or cannot show; empty where there is none.
+    const QString &path() const { return path_; }
     const QPixmap &picture() const { return picture_; }
     QString notice() const { return notice_; }
 
@@ -23,7 +26,7 @@ protected:
 private:
     void decode();
 
-    QString path_; // empty while the frame is
+    QString path_;
     QPixmap picture_;
     QString notice_;
     qreal decodedFor_ = 0; // device pixels for a logical one when the picture was decoded

@@ -57,12 +57,7 @@ TextBox::Entry TextBox::entering(const QString &typed, int caret) const
 {
     const bool composes = !typed.isEmpty() && typed[0].isMark() && caret > 0 && text()[caret - 1].isLetter();
     const QString letter = composes ? text().mid(caret - 1, 1) : QString();
-    Entry entry{admit(letter + typed), static_cast<int>(letter.size())};
-    if (composes && entry.text.startsWith(letter)) {
-        entry.text.remove(0, letter.size());
-        entry.composed = 0;
-    }
-    return entry;
+    return {admit(letter + typed), static_cast<int>(letter.size())};
 }
 
 void TextBox::putIn(const QString &typed)

@@ -2,6 +2,7 @@
 
 #include "archive/archive_operations.h"
 #include "controls/image_frame.h"
+#include "controls/recording_mark.h"
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
 #include "files/data_folder.h"
@@ -83,9 +84,8 @@ void Form1::makePages(ControlMaker make)
 void Form1::makeButtons(ControlMaker make)
 {
     Command2 = make.button("Command2", "Mp3", {120, 8400, 1095, 855});
-    Picture1 = make.label("Picture1", {}, {1440, 8400, 840, 855});
-    Picture1->setPixmap(QIcon(":/images/recording.png").pixmap(QSize(50, 54), window()->devicePixelRatioF()));
-    Picture1->setAccessibleName("This song has a recording");
+    Picture1 =
+        make.add<RecordingMark>("Picture1", "This song has a recording", {1440, 8400, 840, 855}, verdana(12));
     Picture1->hide();
     Label6 = make.label("Label6", {}, {2400, 8640, 5535, 615}, verdana(15.75), Qt::AlignHCenter);
     Command1 = make.button("Command1", "Save", {8040, 8400, 1095, 855});

@@ -11,6 +11,7 @@ class QAction;
 class QLabel;
 class QMenu;
 class QPushButton;
+class RecordingMark;
 
 // The start window and the only way into the others: one record at a time, chosen with VScroll1, whose
 // value is the record on display. Every keystroke goes at once through Edits into the arrays of Module1, and
@@ -96,7 +97,7 @@ private:
     QPushButton *Command3 = nullptr; // Left
     QPushButton *Command4 = nullptr; // Right
     QPushButton *Command2 = nullptr; // Mp3
-    QLabel *Picture1 = nullptr; // the mark of a recording
+    RecordingMark *Picture1 = nullptr; // the mark of a recording
     QLabel *Label6 = nullptr; // how many titles there are
     QPushButton *Command1 = nullptr; // Save
     QPushButton *Command5 = nullptr; // Add
