@@ -46,61 +46,61 @@ static bool isEnd(QByteArrayView rest)
     return text.isEmpty() || text.startsWith(']');
 }
 
-// Takes names as long as each stands where it should; where they stop, `lineStart` is the bad line's.
-static int takeNames(TokenFile &file, CategoryNames &names, qsizetype &lineStart)
+// Takes names as long as each stands where it should.
+static void takeNames(TokenFile &file, CategoryTable &table)
 {
     readToken(file);
-    for (size_t k = 1; k <= categoryCount; k += 1) {
-        lineStart = file.position;
+    bool isWhole = true; // the line before
+    for (size_t k = 1; isWhole && k <= categoryCount; k += 1) {
+        table.end = file.position;
         QByteArrayView name;
         if (!takeName(file, name))
-            return static_cast<int>(k) - 1;
-        names.name[k] = fromCodePage(name);
-        if (k < categoryCount && !takeRestOfLine(file))
-            return static_cast<int>(k);
+            return;
+        table.name[k] = fromCodePage(name);
+        table.place[k] = name.begin() - file.bytes.begin();
+        table.known += 1;
+        isWhole = takeRestOfLine(file);
     }
-    return categoryCount;
 }
 
-CategoryNames categoriesIn(QByteArrayView bytes)
+CategoryTable categoriesIn(QByteArrayView bytes)
 {
-    CategoryNames names;
+    CategoryTable table;
     for (size_t k = 1; k <= categoryCount; k += 1)
-        names.name[k] = QString::number(k);
+        table.name[k] = QString::number(k);
     TokenFile file{bytes};
-    qsizetype lineStart = 0;
-    names.known = takeNames(file, names, lineStart);
-    if (names.known < categoryCount) {
-        names.badLine = lineAt(bytes, lineStart);
-        names.endsThere = isEnd(bytes.sliced(lineStart));
+    takeNames(file, table);
+    if (table.known < categoryCount) {
+        table.badLine = lineAt(bytes, table.end);
+        table.isShort = isEnd(bytes.sliced(table.end));
     }
-    return names;
+    return table;
 }
 
-static QString reasonOf(const CategoryNames &names)
+static QString reasonOf(const CategoryTable &table)
 {
-    if (names.endsThere)
+    if (table.isShort)
         return QStringLiteral("it ends in line %1 and holds %2 instead of %3")
-            .arg(QString::number(names.badLine), counted(names.known, "name"),
+            .arg(QString::number(table.badLine), counted(table.known, "name"),
                  QString::number(categoryCount));
     return QStringLiteral("its line %1 should hold one name between double quotes and a comma behind it")
-        .arg(names.badLine);
+        .arg(table.badLine);
 }
 
 CategoriesReading readCategoriesOf(const QString &root)
 {
     const QString path = categoriesPath(root);
-    QByteArray bytes;
-    Result read = readWhole(path, bytes);
-    CategoriesReading reading{read, categoriesIn(bytes)};
-    if (read.ok() && reading.names.known < categoryCount)
-        reading.result = Result::failed(Kind::Damaged, path, reasonOf(reading.names));
+    CategoriesReading reading;
+    reading.result = readWhole(path, reading.bytes);
+    reading.table = categoriesIn(reading.bytes);
+    if (reading.result.ok() && reading.table.known < categoryCount)
+        reading.result = Result::failed(Kind::Damaged, path, reasonOf(reading.table));
     return reading;
 }
 
 Result readCategories()
 {
-    CategoriesReading reading = readCategoriesOf(".");
-    std::move(reading.names.name.begin() + 1, reading.names.name.end(), Module1.categoryName.begin() + 1);
+    const CategoriesReading reading = readCategoriesOf(".");
+    std::copy(reading.table.name.begin() + 1, reading.table.name.end(), Module1.categoryName.begin() + 1);
     return reading.result;
 }

@@ -56,14 +56,21 @@ void mp3::makeCategoryButtons(ControlMaker make)
 void mp3::load()
 {
     const Result read = readCategories();
+    showNames();
+    if (!read.ok())
+        messageBox("A category without a name is shown by its number.\n" + read.text()
+                   + "\nThe names can be given in the main window's menu \"Archive\", \"Categories…\".");
+}
+
+void mp3::showNames()
+{
+    if (!isLoaded())
+        return;
     for (size_t k = 1; k <= categoryCount; k += 1) {
         const QString &name = Module1.categoryName[k];
         Command3[k]->showName(name);
         Command3[k]->setAccessibleName(name.isEmpty() ? Command3[k]->accessibleDescription() : name);
     }
-    if (!read.ok())
-        messageBox("A category without a name is shown by its number.\n" + read.text()
-                   + "\nThe names can be given in the main window's menu \"Archive\", \"Categories…\".");
 }
 
 void mp3::File1_Click()

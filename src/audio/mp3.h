@@ -19,6 +19,9 @@ public:
     // `setCategory` puts the record into the category.
     explicit mp3(std::function<void(int record, int category)> setCategory);
 
+    // The names in Module1 are others.
+    void showNames();
+
 protected:
     void build(ControlMaker make) override;
     void load() override;

@@ -90,7 +90,7 @@ static Result readNames(const QString &path, Entries &entries)
     QByteArray bytes;
     if (const Result read = readWhole(path, bytes); !read.ok())
         return read;
-    const CategoryNames names = categoriesIn(bytes);
+    const CategoryTable names = categoriesIn(bytes);
     for (int k = 1; k <= categoryCount; k += 1)
         entries[{k, {}}] = {0, QStringLiteral("Category %1").arg(k), {names.name[static_cast<size_t>(k)]}};
     return {};

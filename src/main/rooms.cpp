@@ -36,6 +36,7 @@ Rooms::~Rooms()
 {
     delete versionsWindow_;
     delete songs_;
+    delete categories_;
 }
 
 Form1::Doors Rooms::doors()
@@ -53,7 +54,9 @@ QList<Form1::Menu> Rooms::menus()
 {
     QAction *find = entry("Find a song…", &Rooms::findSong, QKeySequence::Find);
     return {{"Edit", {undoing_.undo, undoing_.redo, nullptr, find}},
-            {"Archive", {entry("Earlier versions…", &Rooms::openVersions)}}};
+            {"Archive",
+             {entry("Categories…", &Rooms::openCategories), nullptr,
+              entry("Earlier versions…", &Rooms::openVersions)}}};
 }
 
 // An entry of a menu, which outlives the main window; its key works in every window.
@@ -130,6 +133,11 @@ void Rooms::findSong()
                                    [this](const QList<int> &songs) { playlistfrm_.addSongs(songs); }};
     const auto make = [&] { return new SongsWindow(edits, doors, {undoing_.undo, undoing_.redo}); };
     showTheOne(songs_, make)->startFinding();
+}
+
+void Rooms::openCategories()
+{
+    showTheOne(categories_, [this] { return new CategoriesWindow([this] { mp3_.showNames(); }); });
 }
 
 // An open list would only come forward, with the songs of the source before.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "audio/categories_window.h"
 #include "audio/mp3.h"
 #include "history/earlier_versions.h"
 #include "history/history.h"
@@ -46,6 +47,7 @@ private:
     void leave(bool wantsUnsaved);
     Form1::Doors doors();
     void findSong();
+    void openCategories();
     QList<Form1::Menu> menus();
     QAction *entry(const QString &text, void (Rooms::*open)(), const QKeySequence &key = {});
 
@@ -53,6 +55,7 @@ private:
     const Form1::UndoActions undoing_;
     QPointer<EarlierVersions> versionsWindow_;
     QPointer<SongsWindow> songs_;
+    QPointer<CategoriesWindow> categories_;
 
 public:
     Form1 form1;

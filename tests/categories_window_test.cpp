@@ -1,0 +1,97 @@
+#include "audio/categories_file.h"
+#include "support/windows.h"
+
+static const QString window = "Categories";
+static const char file[] = "spartiti/generi.js";
+
+static QByteArray fileWith(const QString &first)
+{
+    return fileOf("generi", linesOf(first + QString("|Rock").repeated(32)));
+}
+
+class CategoriesWindowTest : public WindowTest
+{
+    Q_OBJECT
+private slots:
+    void missingFile_beginsWithAUsualSetAndReachesMp3()
+    {
+        const Program program;
+        click("Form1", "Mp3");
+        QVERIFY(program.told.value(0).contains("\"Archive\", \"Categories…\""));
+        click("mp3", "Close");
+        chooseMenu("Categories…");
+        QCOMPARE(textOf(window, "Category 33"), "Other");
+        type(window, "Category 2", "Chan\"son → €");
+        QTest::keyClick(control(window, "Category 2"), Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(program.told.value(1), "Successfully saved!");
+        const QList<QByteArray> lines = contents(file).split('\n');
+        QCOMPARE(lines.size(), categoryCount + 3);
+        QCOMPARE(lines[2], "\"Chan'son  \x80\",\r");
+        click("Form1", "Mp3");
+        QCOMPARE(textOf("mp3", "Command3(2)"), "Chan'son  €");
+        press(window, "Category 2", Qt::Key_Escape);
+        QVERIFY(!windowNamed(window));
+        QCOMPARE(program.told.size(), 2);
+    }
+
+    void unsavedNames_areNotThrownAwayUnasked()
+    {
+        Program program;
+        put(file, fileWith("Jazz"));
+        chooseMenu("Categories…");
+        type(window, "Category 1", "Blues");
+        program.answers = {Answer::No, Answer::Yes};
+        press(window, "Category 1", Qt::Key_Escape);
+        chooseMenu("Categories…"); // comes forward as it is
+        QCOMPARE(textOf(window, "Category 1"), "Blues");
+        click(window, "Close");
+        QVERIFY(!windowNamed(window));
+        QCOMPARE(program.told.size(), 2);
+        QCOMPARE(contents(file), fileWith("Jazz"));
+    }
+
+    // What another program made of the file, or what it was, is replaced by a Yes alone.
+    void save_asksBeforeSomethingIsLost_data()
+    {
+        QTest::addColumn<QByteArray>("opened");
+        QTest::addColumn<QByteArray>("meanwhile");
+        QTest::addColumn<QString>("question");
+        const QByteArray damaged = fileWith("Jazz").replace("Jazz\",", "Jazz");
+        QTest::addRow("changed") << fileWith("Jazz") << fileWith("Tango") << "Another program has changed";
+        QTest::addRow("damaged") << damaged << damaged << "spartiti/generi.js: its line 2 should";
+    }
+
+    void save_asksBeforeSomethingIsLost()
+    {
+        QFETCH(QByteArray, opened);
+        QFETCH(QByteArray, meanwhile);
+        QFETCH(QString, question);
+        Program program;
+        put(file, opened);
+        chooseMenu("Categories…");
+        for (int k = 1; k <= categoryCount; k += 1)
+            type(window, QStringLiteral("Category %1").arg(k), k == 1 ? "Blues" : "Rock");
+        put(file, meanwhile);
+        click(window, "Save"); // and the box is left with Esc
+        QCOMPARE(contents(file), meanwhile);
+        QVERIFY2(program.told.value(0).startsWith(question), qPrintable(program.told.value(0)));
+        program.answers = {Answer::Yes};
+        click(window, "Save");
+        QCOMPARE(contents(file), fileWith("Blues"));
+    }
+
+    void failure_isToldAndLeavesTheFile()
+    {
+        const Program program;
+        put(file, fileWith("Jazz"));
+        chooseMenu("Categories…");
+        type(window, "Category 1", "Blues");
+        clickWithFullDisk(window, "Save", 20);
+        QVERIFY(program.told.value(0).startsWith("The names were not saved; the file is as it was before."));
+        QCOMPARE(contents(file), fileWith("Jazz"));
+        QCOMPARE(textOf(window, "Category 1"), "Blues");
+    }
+};
+
+QTEST_MAIN(CategoriesWindowTest)
+#include "categories_window_test.moc"
