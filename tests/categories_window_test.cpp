@@ -21,6 +21,11 @@ private slots:
         click("mp3", "Close");
         chooseMenu("Categories…");
         QCOMPARE(textOf(window, "Category 33"), "Other");
+        click("Form1", "VScroll1");
+        chooseMenu("Find a song…");
+        QVERIFY(namesShown().contains("7"));
+        waitUntilActive(window);
+        type(window, "Category 7", "Slow waltz");
         type(window, "Category 2", "Chan\"son → €");
         QTest::keyClick(control(window, "Category 2"), Qt::Key_S, Qt::ControlModifier);
         QCOMPARE(program.told.value(1), "Successfully saved!");

@@ -103,6 +103,50 @@ private slots:
         }
         QCOMPARE(namesIn("spartiti"), QStringList("archivio.js"));
     }
+
+    void preview_showsThePickBesideAndTakesNothing()
+    {
+        const Stand stand;
+        QImage scan(300, 400, QImage::Format_RGB32);
+        scan.fill(Qt::green);
+        QVERIFY(scan.save(stand.scan, "JPG"));
+        pick("sinistra", "a.jpg");
+        QTRY_VERIFY(windowNamed("preview"));
+        QWidget *preview = windowNamed("preview"), *picker = windowNamed("sinistra");
+        QVERIFY(!preview->frameGeometry().intersects(picker->frameGeometry()));
+        QVERIFY(qAbs(preview->width() * 4 - preview->height() * 3) < 12);
+        QVERIFY(preview->grab().toImage().pixelColor(50, 50).green() > 240);
+        QVERIFY(preview->windowFlags().testFlag(Qt::WindowTransparentForInput));
+        QVERIFY(preview->parentWidget() == picker && QApplication::activeWindow() == picker);
+        QVERIFY(control("sinistra", "Pages")->hasFocus());
+        waitUntilActive("Form1");
+        QTRY_VERIFY(!windowNamed("preview"));
+        waitUntilActive("sinistra");
+        QTRY_VERIFY(windowNamed("preview"));
+        click("sinistra", "ESC");
+        QVERIFY(!windowNamed("preview"));
+    }
+
+    void mainWindow_seesNewPagesWhenItComesBack()
+    {
+        const Stand stand;
+        QImage scan(300, 400, QImage::Format_RGB32);
+        scan.fill(Qt::green);
+        QVERIFY(scan.save(stand.scan, "JPG"));
+        const auto shown = [] { return control("Form1", "Left page")->grab().toImage().pixelColor(50, 50); };
+        QVERIFY(shown() != QColor(Qt::green));
+        pick("sinistra", "a.jpg");
+        click("sinistra", "Ok");
+        put("spartiti/audio/3.mp3", "song");
+        waitUntilActive("Form1");
+        const QColor seen = shown();
+        QVERIFY(seen.green() > 240 && seen.red() < 16 && seen.blue() < 16);
+        QVERIFY(control("Form1", "This song has a recording")->isVisible());
+        waitUntilActive("sinistra");
+        QFile::remove("spartiti/3L.jpg");
+        waitUntilActive("Form1");
+        QVERIFY(shown() == QColor(Qt::white));
+    }
 };
 
 QTEST_MAIN(PagesWindowTest)

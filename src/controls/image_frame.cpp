@@ -5,9 +5,18 @@
 #include <QFileInfo>
 #include <QPainter>
 
+void ImageFrame::showFileIfOther(const QString &path)
+{
+    const QFileInfo file(path);
+    if (path_ != (file.exists() ? path : QString()) || modified_ != file.lastModified())
+        showFile(path);
+}
+
 void ImageFrame::showFile(const QString &path)
 {
-    path_ = QFileInfo::exists(path) ? path : QString();
+    const QFileInfo file(path);
+    path_ = file.exists() ? path : QString();
+    modified_ = file.lastModified();
     decode();
     update();
 }

@@ -2,6 +2,7 @@
 
 #include "controls/openable.h"
 
+#include <QDateTime>
 #include <QPixmap>
 
 // Shows a page stretched to its whole frame, whatever the page's proportions.
@@ -14,6 +15,8 @@ public:
     // Shows the file, or empties the frame where there is none of that name. A file that cannot be shown
     // leaves the frame without a picture, and notice() stands in it.
     void showFile(const QString &path);
+    // The same, but a file that it shows already, and that has not been changed since, is not decoded again.
+    void showFileIfOther(const QString &path);
 
     // The file it shows, or cannot show; empty where there is none.
     const QString &path() const { return path_; }
@@ -26,7 +29,8 @@ protected:
 private:
     void decode();
 
-    QString path_;
+    QString path_; // empty while the frame is
+    QDateTime modified_; // when the file was last changed, at the time it was decoded
     QPixmap picture_;
     QString notice_;
     qreal decodedFor_ = 0; // device pixels for a logical one when the picture was decoded

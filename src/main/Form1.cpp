@@ -160,6 +160,8 @@ bool Form1::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == window() && event->type() == QEvent::Wheel)
         return QCoreApplication::sendEvent(VScroll1, event);
+    if (watched == window() && event->type() == QEvent::WindowActivate && Module1.pageRecord > 0)
+        lookAgain();
     return Form::eventFilter(watched, event);
 }
 
@@ -202,6 +204,14 @@ void Form1::showRecord()
     Image1->showFile(pagePath(n, Page::Left));
     Image2->showFile(pagePath(n, Page::Right));
     Picture1->setVisible(QFileInfo::exists(recordingPath(n)));
+}
+
+// The pages and the recording may have been stored, or taken away, while another window was in front.
+void Form1::lookAgain()
+{
+    Image1->showFileIfOther(pagePath(Module1.pageRecord, Page::Left));
+    Image2->showFileIfOther(pagePath(Module1.pageRecord, Page::Right));
+    Picture1->setVisible(QFileInfo::exists(recordingPath(Module1.pageRecord)));
 }
 
 // A long text shows its beginning. A box that has the text already keeps its caret.

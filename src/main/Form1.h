@@ -67,6 +67,7 @@ private:
     void connectKeys();
 
     void showRecord();
+    void lookAgain();
     void showTexts();
     void showEdited(const QList<int> &records);
     void goTo(const QList<int> &records);

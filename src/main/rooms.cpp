@@ -137,7 +137,12 @@ void Rooms::findSong()
 
 void Rooms::openCategories()
 {
-    showTheOne(categories_, [this] { return new CategoriesWindow([this] { mp3_.showNames(); }); });
+    const auto renamed = [this] {
+        mp3_.showNames();
+        if (songs_)
+            songs_->readDisk();
+    };
+    showTheOne(categories_, [&] { return new CategoriesWindow(renamed); });
 }
 
 // An open list would only come forward, with the songs of the source before.

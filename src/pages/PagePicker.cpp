@@ -4,6 +4,7 @@
 #include "browse/file_list.h"
 #include "browse/folder_list.h"
 #include "controls/path_label.h"
+#include "pages/page_preview.h"
 #include "window/message_box.h"
 
 #include <QPushButton>
@@ -46,6 +47,7 @@ void PagePicker::build(ControlMaker make)
     auto *Command2 = make.button("Command2", "Ok", {3600, own.buttonTop, 3135, 615});
     Label1 = make.add<PathLabel>("Label1", {}, {120, own.pathTop, 6615, own.pathHeight}, font);
     Label1->setText("Label1");
+    preview_ = new PagePreview(window());
     setTabOrder({File1, Dir1, Command1, Command2});
 
     on(Dir1, &FolderList::folderChanged, [this](const QString &path) { File1->setPath(path); });
@@ -56,6 +58,8 @@ void PagePicker::build(ControlMaker make)
 
 void PagePicker::load()
 {
+    if (!selectedFile.isEmpty()) // from before the close box was used
+        preview_->showFile(selectedFile);
     if (page_ == Page::Right)
         Label2->setText(QString::number(Module1.pageRecord));
 }
@@ -64,6 +68,7 @@ void PagePicker::File1_Click()
 {
     selectedFile = File1->selectedPath();
     Label1->showPath(selectedFile);
+    preview_->showFile(selectedFile);
 }
 
 // Ok

@@ -7,6 +7,7 @@
 
 class FileList;
 class FolderList;
+class PagePreview;
 class PathLabel;
 class QLabel;
 
@@ -38,4 +39,6 @@ private:
     FolderList *Dir1 = nullptr; // the folders
     FileList *File1 = nullptr; // the files of the open folder
     PathLabel *Label1 = nullptr; // the file picked
+
+    PagePreview *preview_ = nullptr; // of the file that "Ok" copies
 };

@@ -33,6 +33,8 @@ public:
 
     // The caret in "Find", with all of its text selected.
     void startFinding();
+    // What lies on the disk, and the names of the categories, may be others.
+    void readDisk();
 
 protected:
     bool event(QEvent *event) override;
@@ -44,7 +46,6 @@ private:
     QLayout *makeFoot();
     void connectAll();
 
-    void readDisk();
     void choose(int row);
     void find();
     void enterTable();
