@@ -14,7 +14,7 @@ using Role = QAccessible::Role;
 static const std::map<Role, QString> usableRoles{
     {Role::PushButton, "button"}, {Role::EditableText, "text"}, {Role::ScrollBar, "scroll bar"},
     {Role::List, "list"},         {Role::Tree, "tree"},         {Role::ComboBox, "combo box"},
-    {Role::Graphic, "picture"},   {Role::Window, "window"},
+    {Role::Graphic, "picture"},   {Role::Window, "window"},     {Role::Table, "table"},
 };
 
 static QString spoken(const QAccessibleInterface *interface)
@@ -102,6 +102,7 @@ private slots:
         QTest::addRow("midifrm") << QStringList{"Midi device"} << 16 * 4 + 3;
         QTest::addRow("Premerge") << QStringList{"Merging"} << 5;
         QTest::addRow("merging") << QStringList{"Merging", "Premerge/index.html", "Premerge/Ok"} << 4;
+        QTest::addRow("songs") << QStringList{"Find a song…"} << 6;
     }
     void everyWindow_isSeenAndSpoken()
     {

@@ -142,6 +142,7 @@ private slots:
         const QColor seen = shown();
         QVERIFY(seen.green() > 240 && seen.red() < 16 && seen.blue() < 16);
         QVERIFY(control("Form1", "This song has a recording")->isVisible());
+        click("Form1", "Left");
         waitUntilActive("sinistra");
         QFile::remove("spartiti/3L.jpg");
         waitUntilActive("Form1");

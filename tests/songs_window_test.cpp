@@ -21,15 +21,22 @@ static QTableView *table()
     return control<QTableView>(window, "Songs");
 }
 
-// A key for whatever has the focus.
+// What has the focus; just after a box has closed nothing may, for a moment.
+static QWidget *focused()
+{
+    if (!QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }))
+        failTest("nothing has the focus");
+    return QApplication::focusWidget();
+}
+
 static void key(Qt::Key key, Qt::KeyboardModifiers held = {})
 {
-    QTest::keyClick(QApplication::focusWidget(), key, held);
+    QTest::keyClick(focused(), key, held);
 }
 
 static void keys(const QString &text)
 {
-    QTest::keyClicks(QApplication::focusWidget(), text);
+    QTest::keyClicks(focused(), text);
 }
 
 static void openSongs()

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QShortcut>
 
 using Kind = Result::Kind;
 using Outcome = CategoriesSaving::Outcome;
@@ -62,13 +63,13 @@ QLayout *CategoriesWindow::makeFoot()
 {
     auto *foot = new QHBoxLayout;
     auto *save = new QPushButton("Save");
-    save->setShortcut(QKeySequence::Save);
     auto *close = new QPushButton("Close");
     for (QPushButton *button : {save, close}) {
         button->setAutoDefault(true); // Enter presses the button that has the focus
         foot->addWidget(button);
     }
     connect(save, &QPushButton::clicked, this, &CategoriesWindow::save);
+    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, save, &QPushButton::click);
     connect(close, &QPushButton::clicked, this, &QWidget::close);
     return foot;
 }

@@ -1,6 +1,7 @@
 #include "archive/append_songs.h"
 #include "archive/archive_operations.h"
 #include "controls/scroll_bar.h"
+#include "controls/text_box.h"
 #include "main/Form1.h"
 #include "window/message_box.h"
 #include "window/report_box.h"
@@ -157,7 +158,7 @@ void Form1::Command5_Click()
     }
     switch (addSong()) {
     case Adding::LastIsEmpty:
-        return;
+        break;
     case Adding::Full:
         return messageBox("The archive is full: it holds 9999 titles.");
     case Adding::Added:
@@ -165,6 +166,8 @@ void Form1::Command5_Click()
         VScroll1->setMaximum(Module1.recCount);
         VScroll1->setValue(Module1.recCount);
     }
+    if (VScroll1->value() == Module1.recCount)
+        Text2->setFocus(); // its title is what comes next
 }
 
 // SALVA CSV

@@ -1,11 +1,14 @@
 #include "songs/found_delegate.h"
 
 #include "controls/text_box.h"
+#include "look/plain_text.h"
 #include "songs/song_table.h"
 
-#include <QApplication>
+#include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QPainter>
 #include <QTextLayout>
+#include <QToolTip>
 
 FoundDelegate::FoundDelegate(const SongTable &table, QObject *parent)
     : QStyledItemDelegate(parent)
@@ -85,4 +88,16 @@ QWidget *FoundDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem
     editor->setFont(option.font);
     editor->setAccessibleName(nameOf(SongColumn(index.column())));
     return editor;
+}
+
+bool FoundDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                              const QModelIndex &index)
+{
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    QString tip = index.data(Qt::ToolTipRole).toString();
+    if (tip.isEmpty() && sizeHint(option, index).width() > option.rect.width())
+        tip = index.data().toString();
+    QToolTip::showText(event->globalPos(), plainToolTip(tip), view);
+    return true;
 }

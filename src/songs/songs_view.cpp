@@ -13,7 +13,7 @@
 #include <array>
 #include <bitset>
 
-static constexpr std::array<int, songColumns> columnWidths = {54, 200, 130, 100, 90, 48, 52, 82, 50, 74};
+static constexpr std::array<int, songColumns> columnWidths = {46, 180, 110, 90, 80, 42, 46, 78, 44, 68};
 
 SongsView::SongsView(SongTable &table, QWidget *parent)
     : QTableView(parent)

@@ -30,7 +30,7 @@
 using namespace std::chrono_literals;
 
 SongsWindow::SongsWindow(Edits &edits, Doors doors, const QList<QAction *> &undoAndRedo)
-    : LayoutWindow("songs", "Songs", QSize(1120, 700))
+    : LayoutWindow("songs", "Songs", QSize(920, 640))
     , edits_(edits)
     , doors_(std::move(doors))
     , table_(edits)
@@ -65,6 +65,7 @@ QLayout *SongsWindow::makeHead()
     show_ = new QComboBox;
     show_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     show_->setMinimumContentsLength(22);
+    show_->setAccessibleDescription("Which songs are shown");
     row->addWidget(labelOf(find_, "Find"));
     row->addWidget(find_, 1);
     row->addWidget(labelOf(show_, "Show"));
