@@ -102,6 +102,7 @@ private slots:
         QTest::addRow("midifrm") << QStringList{"Midi device"} << 16 * 4 + 3;
         QTest::addRow("Premerge") << QStringList{"Merging"} << 5;
         QTest::addRow("merging") << QStringList{"Merging", "Premerge/index.html", "Premerge/Ok"} << 4;
+        QTest::addRow("check") << QStringList{"Check the archive…"} << 4;
         QTest::addRow("songs") << QStringList{"Find a song…"} << 6;
     }
     void everyWindow_isSeenAndSpoken()

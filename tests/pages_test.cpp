@@ -72,6 +72,9 @@ private slots:
         QTest::addRow("png") << halves({20, 30}, "PNG") << QColor(Qt::blue);
         QTest::addRow("cut") << page.first(page.size() / 3) << QColor(Qt::blue);
         QTest::addRow("progressive") << progressive << QColor(Qt::blue);
+        QTest::addRow("much before the picture") << QByteArray(page).insert(
+            2, (QByteArray("\xFF\xE2\x40\0", 4) + QByteArray(0x3FFE, 'x')).repeated(3))
+                                                 << QColor(Qt::blue);
         QTest::addRow("98 megapixels") << claiming({9900, 9900}, halves({99, 99}, "JPG")) << QColor(Qt::gray);
         QTest::addRow("98, progressive") << claiming({9900, 9900}, progressive) << QColor();
         QTest::addRow("absurd") << claiming({65500, 65500}, page) << QColor();
@@ -86,6 +89,7 @@ private slots:
         put("1L.jpg", file);
         const QImage image = decodePage("1L.jpg", {329, 281});
         QCOMPARE(image.size(), topRight.isValid() ? QSize(329, 281) : QSize(0, 0));
+        QCOMPARE(canBeShown("1L.jpg"), topRight.isValid());
         const QColor seen = image.isNull() ? QColor() : image.pixelColor(300, 20);
         QVERIFY(qAbs(seen.red() - topRight.red()) < 40 && qAbs(seen.blue() - topRight.blue()) < 40);
     }
@@ -106,6 +110,7 @@ private slots:
         const TestFolder folder;
         QCOMPARE(mkfifo("1L.jpg", 0600), 0);
         QVERIFY(decodePage("1L.jpg", {329, 281}).isNull());
+        QVERIFY(!canBeShown("1L.jpg"));
     }
 
     void bytesForScans_areThoseOfAllSamples_data()

@@ -9,44 +9,44 @@ QString dataFolder(const QString &root)
     return root + "/spartiti";
 }
 
-static QString inDataFolder(const QString &name, const QString &root = ".")
+QString dataFile(const QString &name, const QString &root)
 {
     return dataFolder(root) + '/' + name;
 }
 
 QString recordingsFolder()
 {
-    return inDataFolder("audio");
+    return dataFile("audio");
 }
 
 QString archivePath(const QString &root)
 {
-    return inDataFolder("archivio.js", root);
+    return dataFile("archivio.js", root);
 }
 
 QString categoriesPath(const QString &root)
 {
-    return inDataFolder("generi.js", root);
+    return dataFile("generi.js", root);
 }
 
 QString playlistPath()
 {
-    return inDataFolder("playlist.js");
+    return dataFile("playlist.js");
 }
 
 QString midiPath()
 {
-    return inDataFolder("midi.js");
+    return dataFile("midi.js");
 }
 
 QString csvPath()
 {
-    return inDataFolder("ARCHIVIO.CSV");
+    return dataFile("ARCHIVIO.CSV");
 }
 
 QString emptyPagePath()
 {
-    return inDataFolder("m.jpg");
+    return dataFile("m.jpg");
 }
 
 static QString pageName(int record, Page page)
@@ -56,23 +56,23 @@ static QString pageName(int record, Page page)
 
 QString pagePath(int record, Page page, const QString &root)
 {
-    return inDataFolder(pageName(record, page) + ".jpg", root);
+    return dataFile(pageName(record, page) + ".jpg", root);
 }
 
 QString oldPagePath(int record, Page page, int attempt)
 {
     const auto name = QStringLiteral("%1 (old %2).jpg");
-    return inDataFolder(name.arg(pageName(record, page)).arg(attempt));
+    return dataFile(name.arg(pageName(record, page)).arg(attempt));
 }
 
 QString recordingPath(int record)
 {
-    return inDataFolder("audio/" + QString::number(record) + ".mp3");
+    return dataFile("audio/" + QString::number(record) + ".mp3");
 }
 
 QString arrivingPath(const QString &name)
 {
-    return inDataFolder("arriving/" + name);
+    return dataFile("arriving/" + name);
 }
 
 // The number of a name that is a number as people write it, and this ending; 0 if it is none.

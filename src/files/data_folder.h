@@ -15,6 +15,9 @@ enum class Page { Left, Right };
 QString dataFolder(const QString &root = ".");
 QString recordingsFolder();
 
+// The path of what is called `name` below the data folder: "12L.jpg", "audio/12.mp3".
+QString dataFile(const QString &name, const QString &root = ".");
+
 QString archivePath(const QString &root = ".");
 QString categoriesPath(const QString &root = ".");
 QString playlistPath();

@@ -37,6 +37,7 @@ Rooms::~Rooms()
     delete versionsWindow_;
     delete songs_;
     delete categories_;
+    delete check_;
 }
 
 Form1::Doors Rooms::doors()
@@ -53,10 +54,11 @@ Form1::Doors Rooms::doors()
 QList<Form1::Menu> Rooms::menus()
 {
     QAction *find = entry("Find a song…", &Rooms::findSong, QKeySequence::Find);
-    return {{"Edit", {undoing_.undo, undoing_.redo, nullptr, find}},
-            {"Archive",
-             {entry("Categories…", &Rooms::openCategories), nullptr,
-              entry("Earlier versions…", &Rooms::openVersions)}}};
+    return {
+        {"Edit", {undoing_.undo, undoing_.redo, nullptr, find}},
+        {"Archive",
+         {entry("Categories…", &Rooms::openCategories), nullptr,
+          entry("Earlier versions…", &Rooms::openVersions), entry("Check the archive…", &Rooms::openCheck)}}};
 }
 
 // An entry of a menu, which outlives the main window; its key works in every window.
@@ -137,12 +139,30 @@ void Rooms::findSong()
 
 void Rooms::openCategories()
 {
-    const auto renamed = [this] {
-        mp3_.showNames();
-        if (songs_)
-            songs_->readDisk();
-    };
-    showTheOne(categories_, [&] { return new CategoriesWindow(renamed); });
+    showTheOne(categories_, [this] { return new CategoriesWindow([this] { namesChanged(); }); });
+}
+
+// The categories have other names.
+void Rooms::namesChanged()
+{
+    mp3_.showNames();
+    if (songs_)
+        songs_->readDisk();
+}
+
+void Rooms::openCheck()
+{
+    const CheckWindow::Doors doors{[this](int n) { form1.showSong(n); },
+                                   [this] { showSongs(SongChoice::WithoutTitle); },
+                                   [this] { showSongs(SongChoice::SameTitle); },
+                                   [this] { playlistfrm_.show(); }, [this] { namesChanged(); }};
+    showTheOne(check_, [&] { return new CheckWindow(doors); })->check();
+}
+
+void Rooms::showSongs(SongChoice::Kind kind)
+{
+    findSong();
+    songs_->showAll(kind);
 }
 
 // An open list would only come forward, with the songs of the source before.

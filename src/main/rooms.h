@@ -12,6 +12,7 @@
 #include "playlists/playlistfrm.h"
 #include "songs/edits.h"
 #include "songs/songs_window.h"
+#include "stand/check_window.h"
 
 #include <QPointer>
 
@@ -48,6 +49,9 @@ private:
     Form1::Doors doors();
     void findSong();
     void openCategories();
+    void namesChanged();
+    void openCheck();
+    void showSongs(SongChoice::Kind kind);
     QList<Form1::Menu> menus();
     QAction *entry(const QString &text, void (Rooms::*open)(), const QKeySequence &key = {});
 
@@ -56,6 +60,7 @@ private:
     QPointer<EarlierVersions> versionsWindow_;
     QPointer<SongsWindow> songs_;
     QPointer<CategoriesWindow> categories_;
+    QPointer<CheckWindow> check_;
 
 public:
     Form1 form1;

@@ -1,5 +1,6 @@
 #include "pages/jpeg_header.h"
 
+#include <QBuffer>
 #include <QByteArray>
 #include <QtEndian>
 
@@ -95,4 +96,29 @@ qint64 bytesForScans(QIODevice &file)
     const qint64 bytes = isJpeg ? bytesForScansFrom(file) : 0;
     file.seek(0);
     return bytes;
+}
+
+// What every decoder reads: baseline, extended or progressive, 8 bits a sample, grey or in colour.
+static bool isUsualFrame(const Segment &frame)
+{
+    static constexpr quint8 baseline = 0xC0, progressive = 0xC2, bitsPerSample = 8;
+    const quint8 components = frame.at(5);
+    return frame.marker >= baseline && frame.marker <= progressive && frame.at(0) == bitsPerSample
+        && (components == 1 || components == 3) && frame.bytes.size() >= 6 + 3 * components;
+}
+
+bool beginsJpeg(QByteArrayView head, qint64 mostPixels)
+{
+    if (!head.startsWith("\xFF\xD8\xFF"))
+        return false;
+    QByteArray bytes = QByteArray::fromRawData(head.data(), head.size());
+    QBuffer file(&bytes);
+    file.open(QIODevice::ReadOnly);
+    for (std::optional<Segment> next = nextSegment(file); next; next = nextSegment(file)) {
+        if (!isFrame(next->marker))
+            continue;
+        const qint64 pixels = qint64{next->pairAt(1)} * next->pairAt(3);
+        return isUsualFrame(*next) && pixels > 0 && pixels <= mostPixels;
+    }
+    return false;
 }

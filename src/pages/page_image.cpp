@@ -4,6 +4,7 @@
 #include "pages/jpeg_header.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QImageReader>
 
 static constexpr qint64 mostPixels = 100'000'000;
@@ -38,17 +39,43 @@ QSize pageSize(const QString &path)
     return isOnItsSide(reader) ? size.transposed() : size;
 }
 
+// One that is neither absurdly large nor needs too much memory.
+static bool isPage(QFile &file, QImageReader &reader)
+{
+    if (bytesForScans(file) > mostBytesForScans)
+        return false;
+    reader.setDevice(&file);
+    reader.setDecideFormatFromContent(true);
+    const QSize full = reader.size();
+    return !full.isEmpty() && qint64{full.width()} * full.height() <= mostPixels;
+}
+
+// Nearly every page is known by its first bytes, whatever its coding.
+static bool isPlainPage(const QString &path)
+{
+    static constexpr qint64 headSize = 4096, bytesPerPixel = 3 * 2;
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)
+        && beginsJpeg(file.read(headSize), mostBytesForScans / bytesPerPixel);
+}
+
+bool canBeShown(const QString &path)
+{
+    if (!QFileInfo(path).isFile())
+        return false;
+    QFile file(path);
+    QImageReader reader;
+    return isPlainPage(path) || (openToRead(file).ok() && isPage(file, reader));
+}
+
 QImage decodePage(const QString &path, QSize frame)
 {
     QFile file(path);
-    if (!openToRead(file).ok() || bytesForScans(file) > mostBytesForScans)
+    QImageReader reader;
+    if (!openToRead(file).ok() || !isPage(file, reader))
         return {};
-    QImageReader reader(&file);
-    reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
     const QSize full = reader.size();
-    if (full.isEmpty() || qint64{full.width()} * full.height() > mostPixels)
-        return {};
     const QSize reduced = reducedSize(full, isOnItsSide(reader) ? frame.transposed() : frame);
     if (reduced != full)
         reader.setScaledSize(reduced);

@@ -10,5 +10,8 @@
 // A JPEG that ends too early shows what could be decoded of it.
 QImage decodePage(const QString &path, QSize frame);
 
+// Whether decodePage() gives a picture, as far as the beginning of the file tells.
+bool canBeShown(const QString &path);
+
 // How large the picture is, turned as its EXIF data says; empty where the file is none.
 QSize pageSize(const QString &path);

@@ -164,6 +164,13 @@ void SongsWindow::readDisk()
     show_->setCurrentIndex(static_cast<int>(choices.indexOf(table_.choice())));
 }
 
+void SongsWindow::showAll(SongChoice::Kind kind)
+{
+    find_->clear();
+    show_->setCurrentIndex(kind);
+    choose(kind);
+}
+
 // A playlist comes in its own order; after it, the others stand by number again.
 void SongsWindow::choose(int row)
 {

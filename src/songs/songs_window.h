@@ -33,6 +33,8 @@ public:
 
     // The caret in "Find", with all of its text selected.
     void startFinding();
+    // All songs of this choice, whatever was searched.
+    void showAll(SongChoice::Kind kind);
     // What lies on the disk, and the names of the categories, may be others.
     void readDisk();
 
