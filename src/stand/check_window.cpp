@@ -47,11 +47,12 @@ void CheckWindow::makeTable()
     findings_->setTabKeyNavigation(false);
     findings_->setShowGrid(false);
     findings_->verticalHeader()->hide();
-    findings_->verticalHeader()->setDefaultSectionSize(fontMetrics().lineSpacing() * 2 + 6);
     findings_->horizontalHeader()->setStretchLastSection(true);
     findings_->horizontalHeader()->setHighlightSections(false);
-    findings_->setColumnWidth(FindingsModel::What, 300);
-    findings_->setColumnWidth(FindingsModel::Song, 190);
+    findings_->setColumnWidth(FindingsModel::What, 290);
+    findings_->setColumnWidth(FindingsModel::Song, 170);
+    connect(findings_->horizontalHeader(), &QHeaderView::sectionResized, findings_,
+            &QTableView::resizeRowsToContents);
     connect(findings_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &CheckWindow::showButtons);
     connect(findings_, &QTableView::activated, this, &CheckWindow::goTo);
@@ -104,6 +105,7 @@ void CheckWindow::checkAndTell(const QString &before)
     setWorking(true);
     model_->show(checkWholeArchive(progressBox("Looking at the pages …")));
     setWorking(false);
+    findings_->resizeRowsToContents();
     findings_->selectRow(qMin(row, model_->rowCount() - 1));
     showButtons();
     showState(before);

@@ -8,20 +8,17 @@
 using Mend = Mending::Kind;
 using Place = Finding::Place;
 
-// The number in an own name, which may be too large for any song; none in that of a data file.
-static std::optional<int> numberOf(const QString &name)
+// The number in an own name of a page or a recording; 0 in that of a data file.
+static int numberOf(const QString &name)
 {
-    if (const auto page = pageOfName(name))
-        return page->record;
-    if (name.startsWith("audio/"))
-        return recordOfRecording(name.section(u'/', -1));
-    return {};
+    const auto page = pageOfName(name);
+    return page ? page->record : recordOfRecording(name.section('/', -1));
 }
 
 static Finding wrongName(const ArchiveFacts &facts, const QString &name, const QString &right)
 {
     Finding finding{"Wrong name: " + name, "The stand looks for " + right + " and does not find this one."};
-    if (const int n = numberOf(right).value_or(0); facts.hasSong(n)) {
+    if (const int n = numberOf(right); facts.hasSong(n)) {
         finding.song = n;
         finding.place = Place::Song;
     }
@@ -34,26 +31,24 @@ static Finding wrongName(const ArchiveFacts &facts, const QString &name, const Q
 
 static Finding leftOver(const QString &name)
 {
-    return {
-        "Left over: " + name,
-        "A write was broken off here, as by a power cut. The file that it was to replace is whole; this one "
-        "serves nobody.",
-        0,
-        Place::Nowhere,
-        {Mend::TakeAway, name}};
+    return {"Left over: " + name,
+            "A write was broken off here, as by a power cut. The file that it was to replace is whole.",
+            0,
+            Place::Nowhere,
+            {Mend::TakeAway, name}};
 }
 
 static std::optional<Finding> ownNameFinding(const ArchiveFacts &facts, const QString &name)
 {
-    const auto n = numberOf(name);
-    if (!n || !facts.archive.result.ok())
+    const int n = numberOf(name);
+    if (n == 0 || !facts.archive.result.ok())
         return {};
-    if (!facts.hasSong(*n))
+    if (!facts.hasSong(n))
         return Finding{"File of no song: " + name,
                        "The archive ends with song " + QString::number(facts.songs())
                            + ". A new song that gets this number would get this file."};
     if (!pageOfName(name) && !facts.files.contains(name))
-        return Finding{"Not a file: " + name, "Under this name the stand expects a recording.", *n,
+        return Finding{"Not a file: " + name, "Under this name the stand expects a recording.", n,
                        Place::Song};
     return {};
 }
