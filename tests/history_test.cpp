@@ -1,7 +1,5 @@
-#include "archive/Module1.h"
 #include "files/data_folder.h"
 #include "history/kept_folder.h"
-#include "history/recovery.h"
 #include "history/versions.h"
 #include "support/test_folder.h"
 
@@ -204,21 +202,6 @@ private slots:
         QVERIFY(!QFileInfo::exists(kept));
         qputenv("XDG_DATA_HOME", "/proc/nowhere");
         QCOMPARE(keptIn("moved"), QString());
-    }
-
-    void unsaved_cutOrGarbledGivesNothing()
-    {
-        const Unsaved unsaved{3,
-                              {{2, SongFields{"A", "", "", "0"}, {"\u00c9\"\\\n", "", "", "7"}},
-                               {3, std::nullopt, {"New", "", "", ""}}}};
-        const QByteArray bytes = bytesOf(unsaved);
-        QCOMPARE(unsavedOf(bytes), unsaved);
-        for (qsizetype i = 0; i < bytes.size(); i += 1) {
-            QVERIFY(!unsavedOf(bytes.first(i)));
-            QByteArray garbled = bytes;
-            garbled[i] = static_cast<char>(garbled[i] ^ 1);
-            QVERIFY(!unsavedOf(garbled));
-        }
     }
 };
 

@@ -1,6 +1,7 @@
 #include "files/staged_files.h"
 
 #include "files/data_folder.h"
+#include "files/lock.h"
 #include "files/platform.h"
 #include "files/replacement.h"
 
@@ -48,7 +49,6 @@ static QString lockPath()
 StagedFiles::StagedFiles()
     : lock_(lockPath())
 {
-    lock_.setStaleLockTime(0); // it is another's for as long as that program is alive
 }
 
 StagedFiles::~StagedFiles()
@@ -81,10 +81,7 @@ bool StagedFiles::resume()
 
 bool StagedFiles::takeHold()
 {
-    // Killed before it could write its name there, nobody holds it, and Qt would wait for ever.
-    if (const QFileInfo lock(lockPath()); lock.exists() && lock.size() == 0)
-        QFile::remove(lockPath());
-    isHeld_ = lock_.tryLock(0);
+    isHeld_ = takeLock(lock_);
     return isHeld_;
 }
 

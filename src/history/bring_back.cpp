@@ -3,6 +3,7 @@
 #include "files/data_folder.h"
 #include "files/safe_write.h"
 #include "history/unsaved.h"
+#include "history/versions.h"
 #include "songs/edits.h"
 #include "text/counting.h"
 
@@ -28,14 +29,23 @@ QStringList songsBehind(int count)
 }
 
 // A data file that is a link is followed, a page or a recording that is one is replaced itself.
-Result bringBack(const Version &version, const QString &path)
+static Result putThere(const QString &path, const QString &target, Version::Kind kind)
 {
-    const QString target = dataFolder() + '/' + version.file;
-    if (version.kind() == Version::Kind::Score)
+    if (kind == Version::Kind::Score)
         return copyFile(path, target);
     QByteArray bytes;
     const Result read = readWhole(path, bytes);
     return read.ok() ? replaceFile(target, bytes) : read;
+}
+
+Result bringBack(Versions &versions, const Version &version)
+{
+    const QString target = dataFolder() + '/' + version.file;
+    if (const Result kept = versions.secure(target); !kept.ok())
+        return kept;
+    const Result done = putThere(versions.pathOf(version), target, version.kind());
+    versions.settle(target, done.ok());
+    return done;
 }
 
 // Title, author, tags, category, as Field has them.

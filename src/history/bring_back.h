@@ -14,9 +14,9 @@ ArchiveTable archiveOfVersion(const QString &path);
 // The songs that an archive of `count` songs would lack: "12 Amazing Grace", as they are in memory.
 QStringList songsBehind(int count);
 
-// Puts the version that lies in `path` in place of the present file, which becomes a version itself. What
-// was replaced is the whole file, and nothing in memory has changed.
-Result bringBack(const Version &version, const QString &path);
+// Puts a version of a file in place of the present one, which becomes a version itself; where it cannot be
+// kept, and where anything else fails, it stays. Nothing in memory has changed.
+Result bringBack(Versions &versions, const Version &version);
 
 // Takes these songs, numbers from 1, out of a version of the archive or of what was typed and not saved,
 // which lies in `path`, as changes that are not saved and that undo takes back as one step. Returns those

@@ -8,6 +8,7 @@
 #include "text/counting.h"
 #include "window/message_box.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -49,9 +50,9 @@ EarlierVersions::EarlierVersions(Doors doors)
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(halves, 1);
     layout->addLayout(makeButtons());
-    if (model_->rowCount() > 0)
-        versions_->selectRow(0);
-    showVersion();
+    connect(&doors_.edits, &Edits::changed, this, [this] { isEdited_ = true; });
+    connect(&doors_.edits, &Edits::replaced, this, [this] { isEdited_ = true; });
+    refresh();
     versions_->setFocus();
 }
 
@@ -98,6 +99,27 @@ QLayout *EarlierVersions::makeButtons()
     connect(all_, &QPushButton::clicked, this, &EarlierVersions::bringBackVersion);
     connect(chosen_, &QPushButton::clicked, this, &EarlierVersions::bringBackChosen);
     return buttons;
+}
+
+// Something may have been typed or saved while another window was active.
+bool EarlierVersions::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate && (isEdited_ || !model_->isCurrent()))
+        refresh();
+    return LayoutWindow::event(event);
+}
+
+// The version that was chosen stays so, as long as there is one.
+void EarlierVersions::refresh()
+{
+    const int before = row();
+    const QString name = before < 0 ? QString() : model_->at(before).name();
+    isEdited_ = false;
+    model_->refresh();
+    const int after = qMax(0, model_->rowOf(name));
+    if (after < model_->rowCount())
+        versions_->selectRow(after);
+    showVersion();
 }
 
 int EarlierVersions::row() const
@@ -187,9 +209,9 @@ void EarlierVersions::tellDone(const Version &version)
 {
     if (version.file == "archivio.js")
         doors_.reload();
-    else if (version.kind() == Version::Kind::Score)
-        doors_.scoresChanged();
-    model_->refresh();
+    else
+        doors_.diskChanged();
+    refresh();
     messageBox(nameForPeople(version.file)
                + ": the version is back. What was there before is a version now.");
     comeForward();
@@ -206,7 +228,7 @@ void EarlierVersions::bringBackVersion()
         return bringBackTyped(path);
     if (!mayBringBack(version, path))
         return;
-    if (const Result done = bringBack(version, path); !done.ok())
+    if (const Result done = bringBack(doors_.versions, version); !done.ok())
         messageBox("The version was not brought back; the present file is as it was before.\n" + done.text());
     else
         tellDone(version);
@@ -218,7 +240,7 @@ void EarlierVersions::bringBackTyped(const QString &path)
     if (!unsaved)
         return messageBox("Nothing was brought back: the version is damaged.");
     const PutBack put = putBack(*unsaved, doors_.edits);
-    model_->refresh();
+    refresh();
     messageBox(putBackText(put));
 }
 
@@ -230,7 +252,7 @@ void EarlierVersions::bringBackChosen()
         return;
     const QList<int> missing = bringBackSongs(doors_.edits, model_->at(row()), model_->pathOf(row()), songs);
     const qsizetype done = songs.size() - missing.size();
-    model_->refresh();
+    refresh();
     QString text = counted(done, "song is", "songs are") + " as in that version again. Nothing is saved yet.";
     if (!missing.isEmpty())
         text += '\n' + counted(missing.size(), "song is", "songs are") + " not in both and stayed as before.";

@@ -21,22 +21,26 @@ class EarlierVersions : public LayoutWindow
 public:
     // What it needs of others.
     struct Doors {
-        const Versions &versions;
+        Versions &versions;
         Edits &edits;
         // Whether unsaved changes may be thrown away; asks where there are some.
         std::function<bool()> mayForgetUnsaved;
         // Loads the main window anew after the archive was replaced.
         std::function<void()> reload;
-        // Pages or a recording lie on the disk that were not there before.
-        std::function<void()> scoresChanged;
+        // Any other file of the archive is another one now.
+        std::function<void()> diskChanged;
     };
     explicit EarlierVersions(Doors doors);
+
+protected:
+    bool event(QEvent *event) override;
 
 private:
     QWidget *makeVersions();
     QWidget *makeDetails();
     QLayout *makeButtons();
 
+    void refresh();
     void showVersion();
     void showDifferences(const Differences &comparison);
     void bringBackVersion();
@@ -50,6 +54,7 @@ private:
     void tellDone(const Version &version);
 
     const Doors doors_;
+    bool isEdited_ = false; // since the versions were compared
     VersionsModel *model_;
     QTableView *versions_ = nullptr;
     QTableView *differences_ = nullptr;

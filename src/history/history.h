@@ -16,7 +16,8 @@ public:
     ~History();
 
     // At the start, with the archive read: tells of another program on the same folder, or that nothing can
-    // be kept, and offers what an earlier run left unsaved. Returns the song to be shown, or 0.
+    // be kept, and offers what an earlier run left unsaved. Returns the song to be shown, or 0. Until then
+    // earlier versions are kept, and what is typed is not.
     int begin();
     // The program ends, and what is not saved is to be had back at the next start, or is not wanted.
     void end(bool wantsUnsaved);
@@ -25,10 +26,16 @@ public:
     // be taken back.
     void stored(const QString &what, int record, const QStringList &files);
 
+    // Takes all that these songs have out of the archive, after a question, with its playlists' names in it:
+    // the files at once, into the versions, the fields with the next Save. Their numbers stay. It is one
+    // step of undo.
+    void emptyNumbers(const QList<int> &songs);
+
     Versions versions;
 
 private:
     History(Edits &edits, const QString &kept);
+    void noteChange();
 
     Edits &edits_;
     Recovery recovery_;

@@ -1,5 +1,6 @@
 #include "history/recovery.h"
 
+#include "files/lock.h"
 #include "files/safe_write.h"
 
 #include <QFile>
@@ -8,17 +9,16 @@
 #include <algorithm>
 
 static constexpr int places = 9; // programs that can run in one folder and keep what is typed
-static constexpr qint64 afterLast = 2'000; // milliseconds
-static constexpr qint64 afterFirst = 10'000;
 
-Recovery::Recovery(QString folder, std::function<Unsaved()> unsaved)
+Recovery::Recovery(QString folder, std::function<Unsaved()> unsaved, std::function<bool()> mayWrite,
+                   Waits waits)
     : folder_(std::move(folder))
     , unsaved_(std::move(unsaved))
+    , mayWrite_(std::move(mayWrite))
+    , waits_(waits)
 {
     due_.setSingleShot(true);
-    connect(&due_, &QTimer::timeout, this, &Recovery::write);
-    if (!folder_.isEmpty())
-        takePlace();
+    connect(&due_, &QTimer::timeout, this, &Recovery::writeWhenItMay);
 }
 
 QString Recovery::pathOf(int place) const
@@ -31,19 +31,23 @@ QString Recovery::lockOf(int place) const
     return QStringLiteral("%1/running-%2.lock").arg(folder_).arg(place);
 }
 
-static std::unique_ptr<QLockFile> locked(const QString &path)
+// The first place that is free and holds nothing of another program's. Only where there is a lock, a program
+// may run.
+void Recovery::begin()
 {
-    auto lock = std::make_unique<QLockFile>(path);
-    lock->setStaleLockTime(0); // however long ago: a program that runs holds it, a dead one does not
-    return lock->tryLock() ? std::move(lock) : nullptr;
-}
-
-void Recovery::takePlace()
-{
-    for (int place = 1; place <= places && !lock_; place += 1) {
-        lock_ = locked(lockOf(place));
-        if (lock_)
+    if (folder_.isEmpty())
+        return;
+    for (int place = 1; place <= places; place += 1) {
+        const bool isMine = !lock_ && !QFileInfo::exists(pathOf(place));
+        if (!isMine && !QFileInfo::exists(lockOf(place)))
+            continue;
+        auto lock = std::make_unique<QLockFile>(lockOf(place));
+        if (!takeLock(*lock)) {
+            isSecond_ |= lock->error() == QLockFile::LockFailedError;
+        } else if (isMine) {
+            lock_ = std::move(lock);
             place_ = place;
+        }
     }
 }
 
@@ -53,7 +57,16 @@ void Recovery::note()
         return;
     if (!sinceFirst_.isValid())
         sinceFirst_.start();
-    due_.start(static_cast<int>(std::clamp<qint64>(afterFirst - sinceFirst_.elapsed(), 0, afterLast)));
+    const qint64 mostNow = waits_.afterFirst - sinceFirst_.elapsed();
+    due_.start(static_cast<int>(std::clamp<qint64>(mostNow, 0, waits_.afterLast)));
+}
+
+void Recovery::writeWhenItMay()
+{
+    if (mayWrite_ && !mayWrite_())
+        due_.start(static_cast<int>(waits_.afterLast));
+    else
+        write();
 }
 
 bool Recovery::write()
@@ -79,7 +92,7 @@ void Recovery::forget()
 bool Recovery::takeOver(const QString &left)
 {
     note();
-    return write() && (left == pathOf(place_) || QFile::remove(left));
+    return write() && QFile::remove(left);
 }
 
 QStringList Recovery::leftBehind() const
@@ -87,7 +100,8 @@ QStringList Recovery::leftBehind() const
     QStringList left;
     for (int place = 1; place <= places; place += 1) {
         const QString path = pathOf(place);
-        if (QFileInfo::exists(path) && (place == place_ || locked(lockOf(place))))
+        QLockFile lock(lockOf(place));
+        if (place != place_ && QFileInfo::exists(path) && takeLock(lock))
             left += path;
     }
     std::sort(left.begin(), left.end(), [](const QString &one, const QString &other) {

@@ -18,11 +18,25 @@ class Recovery : public QObject
 {
     Q_OBJECT
 public:
-    // `folder` is where to keep it; empty: nothing is kept. `unsaved` gives what differs at that moment.
-    Recovery(QString folder, std::function<Unsaved()> unsaved);
+    // How long a change waits, in milliseconds.
+    struct Waits {
+        qint64 afterLast = 2'000;
+        qint64 afterFirst = 10'000; // of those not yet written
+    };
 
-    // Whether another program runs in the data folder.
-    bool isSecond() const { return place_ > 1; }
+    // `folder` is where to keep it; empty: nothing is kept. `unsaved` gives what differs at that moment.
+    // While `mayWrite` says no, what is due waits.
+    Recovery(QString folder, std::function<Unsaved()> unsaved, std::function<bool()> mayWrite, Waits waits);
+    Recovery(QString folder, std::function<Unsaved()> unsaved, std::function<bool()> mayWrite = {})
+        : Recovery(std::move(folder), std::move(unsaved), std::move(mayWrite), Waits())
+    {
+    }
+
+    // Until then nothing is kept. What earlier programs have left stays as it is.
+    void begin();
+
+    // Whether another program ran in the data folder at that moment.
+    bool isSecond() const { return isSecond_; }
     // Whether it could be made sure that what is typed will be kept.
     bool canKeep() const { return place_ > 0; }
 
@@ -43,11 +57,14 @@ public:
 private:
     QString pathOf(int place) const;
     QString lockOf(int place) const;
-    void takePlace();
+    void writeWhenItMay();
 
     const QString folder_;
     const std::function<Unsaved()> unsaved_;
+    const std::function<bool()> mayWrite_;
+    const Waits waits_;
     std::unique_ptr<QLockFile> lock_;
+    bool isSecond_ = false;
     int place_ = 0; // from 1; 0: none could be had
     QTimer due_;
     QElapsedTimer sinceFirst_; // invalid while nothing is noted

@@ -5,42 +5,50 @@
 #include "history/versions.h"
 #include "songs/edits.h"
 
-ScoreStep::ScoreStep(Edits &edits, Versions &versions, const QString &text, int record,
-                     const QStringList &files, Tell tell)
+ScoreStep::ScoreStep(Edits &edits, Versions &versions, const QString &text, const QList<int> &records,
+                     const QStringList &files, Doors doors)
     : edits_(edits)
     , versions_(versions)
-    , record_(record)
-    , tell_(std::move(tell))
+    , records_(records)
+    , doors_(std::move(doors))
 {
     setText(text);
     for (const QString &file : files) {
-        if (const std::optional<Version> before = versions.lastOf(file))
+        if (const std::optional<Version> before = versions.takeLast(file))
             files_ += {file, *before};
     }
 }
 
-void ScoreStep::redo()
-{
-    if (isDone_)
-        exchange();
-    isDone_ = true;
-}
-
+// What was there is kept before anything is put there, or nothing is put there.
 Result ScoreStep::exchange(File &file)
 {
-    const Result done = file.other.until.isValid() ? bringBack(file.other, versions_.pathOf(file.other))
-                                                   : versions_.takeAway(dataFolder() + '/' + file.name);
-    if (done.ok())
-        file.other = versions_.lastOf(file.name).value_or(Version());
+    const Result done = file.other.until.isValid()
+        ? bringBack(versions_, file.other)
+        : versions_.takeAway({dataFolder() + '/' + file.name}).constFirst();
+    if (done.ok()) {
+        file.other = versions_.takeLast(file.name).value_or(Version());
+        file.isDone = !file.isDone;
+    }
     return done;
 }
 
-void ScoreStep::exchange()
+void ScoreStep::step(bool toDone)
 {
-    for (File &file : files_) {
-        if (const Result done = exchange(file); !done.ok())
-            tell_(done);
+    QList<Result> failures;
+    const Progress progress = doors_.progress();
+    bool goesOn = true;
+    for (qsizetype i = 0; i < files_.size(); i += 1) {
+        if (files_[i].isDone == toDone)
+            continue;
+        goesOn = goesOn && progress(static_cast<int>(i), static_cast<int>(files_.size()));
+        const QString path = dataFolder() + '/' + files_[i].name;
+        const Result done =
+            goesOn ? exchange(files_[i]) : Result::failed(Result::Kind::Cancelled, path, "it was cancelled");
+        if (!done.ok())
+            failures += done;
     }
     edits_.rest();
-    emit edits_.steppedTo({record_});
+    emit edits_.steppedTo(records_);
+    if (!failures.isEmpty())
+        doors_.tell(failures);
 }

@@ -111,12 +111,12 @@ Unsaved unsavedNow(const Edits &edits)
     return unsaved;
 }
 
-// A song that is being put back must follow the last one, or the songs between would come to be empty.
+// A new song must follow the last one, or the songs between would come to be empty; an empty one may have
+// been begun there since.
 static bool canBePut(const UnsavedSong &song)
 {
-    if (!song.was)
-        return song.record == Module1.recCount + 1 && isInMemory(song.record, {});
-    return song.record <= Module1.recCount && isInMemory(song.record, *song.was);
+    const int last = song.was ? Module1.recCount : Module1.recCount + 1;
+    return song.record <= last && isInMemory(song.record, song.was.value_or(SongFields()));
 }
 
 static void setFields(Edits &edits, const UnsavedSong &song)

@@ -2,10 +2,12 @@
 
 #include "files/data_folder.h"
 #include "files/platform.h"
+#include "files/safe_write.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 
 #include <filesystem>
 #include <utility>
@@ -33,20 +35,48 @@ QList<Version> Versions::all() const
     return versions;
 }
 
-Versions::Known &Versions::known()
+void Versions::know()
 {
-    if (!known_) {
-        known_.emplace();
-        for (const Version &version : all())
-            add(version);
+    if (known_)
+        return;
+    QList<Version> versions = all();
+    clearLeavings(versions);
+    known_.emplace();
+    for (const Version &version : std::as_const(versions))
+        add(version);
+}
+
+static bool isSameFile(const QString &one, const QString &other)
+{
+    std::error_code failure;
+    return std::filesystem::equivalent(QFileInfo(one).filesystemFilePath(),
+                                       QFileInfo(other).filesystemFilePath(), failure)
+        && !failure;
+}
+
+// What a kill has left: a second name of a file that was not replaced after all, and copies that were begun
+// long ago.
+void Versions::clearLeavings(QList<Version> &versions) const
+{
+    QSet<QString> seen;
+    versions.removeIf([&](const Version &version) {
+        const bool isNewest = !seen.contains(version.file);
+        seen += version.file;
+        return isNewest && isSameFile(pathOf(version), dataFolder() + '/' + version.file)
+            && QFile::remove(pathOf(version));
+    });
+    for (const QFileInfo &entry : QDir(folder_).entryInfoList({"* *.??????"}, QDir::Files)) {
+        const bool isBegun = versionOf(entry.completeBaseName(), 0).until.isValid();
+        if (isBegun && entry.lastModified().secsTo(QDateTime::currentDateTime()) > secondsBetweenThinnings)
+            QFile::remove(entry.filePath());
     }
-    return *known_;
 }
 
 void Versions::add(const Version &version)
 {
-    known_->versions += version;
-    (version.kind() == Version::Kind::Data ? known_->data : known_->scores) += version.size;
+    Shelf &shelf = known_->shelves[static_cast<size_t>(version.kind())];
+    shelf.bytes[version.name()] = version.size;
+    shelf.size += version.size;
 }
 
 // The name of a file of the data folder within it; empty for any other, and for those that are not kept.
@@ -61,11 +91,14 @@ static QString keptName(const QString &path)
 // A link would share its bytes with the file that it points to, and that is not ours to keep from changing.
 static bool linkOrCopy(const QFileInfo &file, const QString &to)
 {
-    std::error_code failure;
-    if (!file.isSymLink())
+    if (!file.isSymLink()) {
+        std::error_code failure;
         std::filesystem::create_hard_link(file.filesystemFilePath(), QFileInfo(to).filesystemFilePath(),
                                           failure);
-    return (!file.isSymLink() && !failure) || QFile::copy(file.filePath(), to);
+        if (!failure || failure == std::errc::file_exists || failure == std::errc::no_such_file_or_directory)
+            return !failure;
+    }
+    return !QFileInfo::exists(to) && copyFile(file.filePath(), to).ok();
 }
 
 // Finds a name that is free; somebody else may be keeping versions in the same folder.
@@ -87,12 +120,12 @@ Version Versions::store(const QString &file, const std::function<bool(const QStr
 void Versions::keep(const QString &path)
 {
     const QString file = keptName(path);
-    if (file.isEmpty())
+    if (file.isEmpty() || pending_.value(path).kept.until.isValid())
         return;
     Pending pending{!isMissing(path), {}};
     const QFileInfo present(path);
     if (pending.wasThere && !folder_.isEmpty() && present.isFile()) {
-        known();
+        know();
         pending.kept = store(file, [&](const QString &to) { return linkOrCopy(present, to); });
     }
     pending_[path] = pending;
@@ -100,11 +133,11 @@ void Versions::keep(const QString &path)
 
 void Versions::settle(const QString &path, bool wasReplaced)
 {
+    if (!pending_.contains(path))
+        return;
     const QString file = keptName(path);
     const Pending pending = pending_.take(path);
     const bool isKept = pending.kept.until.isValid();
-    if (file.isEmpty())
-        return;
     if (!wasReplaced) {
         if (isKept)
             QFile::remove(pathOf(pending.kept));
@@ -119,55 +152,91 @@ void Versions::settle(const QString &path, bool wasReplaced)
     thin();
 }
 
-std::optional<Version> Versions::lastOf(const QString &file) const
+Result Versions::secure(const QString &path)
 {
-    const auto found = last_.find(file);
-    return found == last_.end() ? std::nullopt : std::optional(*found);
+    keep(path);
+    const Pending pending = pending_.value(path);
+    if (!pending.wasThere || pending.kept.until.isValid())
+        return {};
+    pending_.remove(path);
+    return Result::failed(Result::Kind::Unwritable, path, "what is there could not be kept");
 }
 
-Result Versions::takeAway(const QString &path)
+std::optional<Version> Versions::takeLast(const QString &file)
 {
-    if (isMissing(path))
-        return {};
-    keep(path);
-    const bool isKept = pending_[path].kept.until.isValid();
-    const bool isGone = isKept && QFile::remove(path);
-    const QString reason = isKept ? systemReason() : "no earlier version of it could be kept";
-    settle(path, isGone);
-    if (!isGone)
-        return Result::failed(Result::Kind::Unwritable, path, reason);
-    syncFolder(QFileInfo(path).path());
+    const auto found = last_.constFind(file);
+    if (found == last_.cend())
+        return std::nullopt;
+    const Version version = *found;
+    last_.erase(found);
+    return version;
+}
+
+static Result removed(const QString &path)
+{
+    if (!QFileInfo(path).isSymbolicLink() && !QFileInfo(path).isWritable())
+        return Result::failed(Result::Kind::Unwritable, path, "it is protected against writing");
+    if (QFile file(path); !file.remove())
+        return Result::failed(Result::Kind::Unwritable, path, file.errorString());
     return {};
+}
+
+QList<Result> Versions::takeAway(const QStringList &paths)
+{
+    QList<Result> results;
+    for (const QString &path : paths)
+        results += isNothingThere(path) ? Result() : secure(path);
+    syncFolder(folder_); // there they are safe before they go here
+    QStringList folders;
+    for (qsizetype i = 0; i < paths.size(); i += 1) {
+        if (!results[i].ok() || isNothingThere(paths[i]))
+            continue;
+        results[i] = removed(paths[i]);
+        folders += QFileInfo(paths[i]).path();
+    }
+    folders.removeDuplicates();
+    for (const QString &folder : std::as_const(folders))
+        syncFolder(folder);
+    for (qsizetype i = 0; i < paths.size(); i += 1)
+        settle(paths[i], results[i].ok());
+    return results;
 }
 
 bool Versions::keepBytes(const QString &file, QByteArrayView bytes)
 {
     if (folder_.isEmpty())
         return false;
-    known();
-    const Version kept = store(file, [&](const QString &to) {
-        QFile stored(to);
-        if (!stored.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-            return false;
-        return (stored.write(bytes.data(), bytes.size()) == bytes.size() && stored.flush())
-            || (stored.remove(), false);
-    });
+    know();
+    const Version kept =
+        store(file, [&](const QString &to) { return !QFileInfo::exists(to) && replaceFile(to, bytes).ok(); });
     if (kept.until.isValid())
         add(kept);
     return kept.until.isValid();
 }
 
-// Going through all of them takes longer than a save may: it is done where the limits ask for it, else once
-// an hour.
+// Going through all of them takes longer than a save may: the rule is kept once an hour, the limits always.
 void Versions::thin()
 {
-    Known &now = known();
     const QDateTime time = now_();
-    const bool isDue = !now.thinned.isValid() || now.thinned.secsTo(time) >= secondsBetweenThinnings;
-    if (!isDue && now.data <= limits_.data && now.scores <= limits_.scores)
-        return;
-    for (const Version &version : outlived(now.versions, time, limits_))
-        QFile::remove(pathOf(version));
-    known_.reset();
-    known().thinned = time;
+    const QDateTime &last = known_->thinned;
+    if (!last.isValid() || qAbs(last.secsTo(time)) >= secondsBetweenThinnings) {
+        for (const Version &version : outlived(all(), time, limits_))
+            QFile::remove(pathOf(version));
+        known_.emplace();
+        for (const Version &version : all())
+            add(version);
+        known_->thinned = time;
+    }
+    dropOldest(known_->shelves[static_cast<size_t>(Version::Kind::Data)], limits_.data);
+    dropOldest(known_->shelves[static_cast<size_t>(Version::Kind::Score)], limits_.scores);
+}
+
+void Versions::dropOldest(Shelf &shelf, qint64 limit) const
+{
+    while (shelf.size > limit && !shelf.bytes.empty()) {
+        const auto oldest = shelf.bytes.begin();
+        QFile::remove(folder_ + '/' + oldest->first);
+        shelf.size -= oldest->second;
+        shelf.bytes.erase(oldest);
+    }
 }

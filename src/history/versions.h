@@ -5,7 +5,9 @@
 
 #include <QHash>
 
+#include <array>
 #include <functional>
+#include <map>
 #include <optional>
 
 // The earlier versions of the data folder's files, in a folder of their own. Keeping one may fail, and then
@@ -22,13 +24,20 @@ public:
     void keep(const QString &path);
     void settle(const QString &path, bool wasReplaced);
 
-    // What the file of the data folder was before it was last replaced in this run: `until` is invalid where
-    // there was none. Nothing where it was not replaced, or what was there could not be kept.
-    std::optional<Version> lastOf(const QString &file) const;
+    // For a replacement that must not lose the present file: keeps it now, so that keep() finds it done.
+    // Refused where it cannot be kept; fine where there is no such file. Whatever then becomes of the
+    // replacement, settle() is to be called.
+    Result secure(const QString &path);
 
-    // Takes a file out of its place and keeps it as a version: nothing is lost by it. Refused where it could
-    // not be kept; fine where there is no such file.
-    Result takeAway(const QString &path);
+    // What the file of the data folder was before it was last replaced: `until` is invalid where there was
+    // none. Nothing where it was not replaced since this was last asked for or forgotten, or what was there
+    // could not be kept.
+    std::optional<Version> takeLast(const QString &file);
+    void forgetLast() { last_.clear(); }
+
+    // Takes files out of their places and keeps them as versions, with one result each: nothing is lost by
+    // it. Refused where one could not be kept, Unwritable where it could not go; fine where there is none.
+    QList<Result> takeAway(const QStringList &paths);
 
     // Puts bytes among the versions under that name, as if they had been replaced now.
     bool keepBytes(const QString &file, QByteArrayView bytes);
@@ -36,24 +45,30 @@ public:
     // Newest first, as they lie on the disk.
     QList<Version> all() const;
     QString pathOf(const Version &version) const { return folder_ + '/' + version.name(); }
+    const VersionLimits &limits() const { return limits_; }
 
 private:
+    // The versions of one kind.
+    struct Shelf {
+        std::map<QString, qint64> bytes; // by name, the oldest first
+        qint64 size = 0; // of all of them
+    };
     struct Known {
-        QList<Version> versions;
-        qint64 data = 0; // bytes
-        qint64 scores = 0;
+        std::array<Shelf, 2> shelves; // by Version::Kind
         QDateTime thinned;
     };
 
-    Known &known();
+    void know();
+    void clearLeavings(QList<Version> &versions) const;
     Version store(const QString &file, const std::function<bool(const QString &)> &putAt);
     void add(const Version &version);
     void thin();
+    void dropOldest(Shelf &shelf, qint64 limit) const;
 
     const QString folder_;
     const std::function<QDateTime()> now_;
     const VersionLimits limits_;
-    std::optional<Known> known_; // what lies in the folder; read once, and then kept up
+    std::optional<Known> known_; // what lies in the folder; read once an hour, and between kept up
     QHash<QString, Version> last_; // by file
     struct Pending {
         bool wasThere = false;

@@ -19,6 +19,13 @@ void VersionsModel::refresh()
     endResetModel();
 }
 
+int VersionsModel::rowOf(const QString &name) const
+{
+    const auto found = std::find_if(rows_.begin(), rows_.end(),
+                                    [&](const Version &version) { return version.name() == name; });
+    return found == rows_.end() ? -1 : static_cast<int>(found - rows_.begin());
+}
+
 const Differences &VersionsModel::comparison(int row) const
 {
     if (!compared_.contains(row))

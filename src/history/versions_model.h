@@ -18,6 +18,10 @@ public:
 
     // Reads the folder again.
     void refresh();
+    // Whether the folder holds just these versions.
+    bool isCurrent() const { return versions_.all() == rows_; }
+    // The row of the version of that name; -1 if there is none.
+    int rowOf(const QString &name) const;
     const Version &at(int row) const { return rows_[row]; }
     QString pathOf(int row) const { return versions_.pathOf(rows_[row]); }
     const Differences &comparison(int row) const;

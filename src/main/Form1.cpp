@@ -228,9 +228,10 @@ void Form1::showTexts()
     }
 }
 
-// Somebody else may have edited the record on display.
+// Somebody else may have edited the record on display, or added some.
 void Form1::showEdited(const QList<int> &records)
 {
+    VScroll1->setMaximum(qMax(VScroll1->maximum(), Module1.recCount));
     if (records.contains(VScroll1->value()))
         showTexts();
 }

@@ -1,6 +1,7 @@
 #include "main/rooms.h"
 
 #include "archive/archive_operations.h"
+#include "audio/categories_file.h"
 #include "files/data_folder.h"
 #include "window/message_box.h"
 
@@ -74,13 +75,15 @@ QAction *Rooms::entry(const QString &text, void (Rooms::*open)(), const QKeySequ
 void Rooms::start()
 {
     static constexpr int afterShowing = 100; // milliseconds
+    history = std::make_unique<History>(edits);
     form1.show();
     QTimer::singleShot(afterShowing, &actions_, [this] { beginHistory(); });
 }
 
 void Rooms::beginHistory()
 {
-    history = std::make_unique<History>(edits);
+    if (!history)
+        history = std::make_unique<History>(edits);
     if (const int song = history->begin())
         form1.showSong(song);
 }
@@ -124,15 +127,32 @@ void Rooms::openVersions()
     if (!history)
         beginHistory();
     showTheOne(versionsWindow_, [this] {
-        return new EarlierVersions({history->versions, edits, mayForgetUnsaved, [this] { form1.reload(); },
-                                    [this] { form1.showSong(Module1.pageRecord); }});
+        return new EarlierVersions(
+            {history->versions, edits, mayForgetUnsaved, [this] { form1.reload(); }, [this] { showDisk(); }});
     });
+}
+
+void Rooms::showDisk()
+{
+    form1.showSong(Module1.pageRecord);
+    static_cast<void>(readCategories()); // whose failures are told where the names are used
+    mp3_.showNames();
+    if (songs_)
+        songs_->readDisk();
+}
+
+void Rooms::emptyNumbers(const QList<int> &songs)
+{
+    if (!history)
+        beginHistory();
+    history->emptyNumbers(songs);
 }
 
 void Rooms::findSong()
 {
     const SongsWindow::Doors doors{[this](int n) { form1.showSong(n); }, [this] { return form1.save(); },
-                                   [this](const QList<int> &songs) { playlistfrm_.addSongs(songs); }};
+                                   [this](const QList<int> &songs) { playlistfrm_.addSongs(songs); },
+                                   [this](const QList<int> &songs) { emptyNumbers(songs); }};
     const auto make = [&] { return new SongsWindow(edits, doors, {undoing_.undo, undoing_.redo}); };
     showTheOne(songs_, make)->startFinding();
 }

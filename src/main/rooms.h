@@ -25,12 +25,12 @@ public:
     Rooms();
     ~Rooms();
 
-    // Shows the main window; soon after that it begins to keep what is replaced and what is typed.
+    // Shows the main window. From now on it is kept what is replaced, and soon what is typed.
     void start();
     void beginHistory();
 
     Edits edits;
-    std::unique_ptr<History> history; // none before beginHistory()
+    std::unique_ptr<History> history; // none before one of the two
 
     PagePicker sinistra;
     PagePicker destra;
@@ -43,6 +43,8 @@ public:
 private:
     void openMerging();
     void openVersions();
+    void showDisk();
+    void emptyNumbers(const QList<int> &songs);
     void storedPages(int record, const QList<Page> &pages);
     void storedRecording(int record, int category);
     void leave(bool wantsUnsaved);

@@ -30,6 +30,7 @@ ChosenSongsMenu::ChosenSongsMenu(QList<int> songs, Edits &edits, const SongTable
     addSeparator();
     addEntry("Add to the playlist", [this] { emit addToPlaylistWanted(songs_); });
     addEntry("Copy the MIDI settings of the first", [this] { copyMidi(); })->setEnabled(songs_.size() > 1);
+    addEntry("Empty these numbers…", [this] { emit emptyingWanted(songs_); });
     addEntry("Copy", [this] { emit copyWanted(); })->setShortcut(QKeySequence::Copy);
     if (table_.choice().kind == SongChoice::OfPlaylist) {
         addSeparator();

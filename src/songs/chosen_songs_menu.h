@@ -19,6 +19,7 @@ public:
 signals:
     void addToPlaylistWanted(const QList<int> &songs);
     void copyWanted();
+    void emptyingWanted(const QList<int> &songs);
     void diskChanged(); // something that the list shows was written
 
 private:

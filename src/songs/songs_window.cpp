@@ -245,6 +245,11 @@ void SongsWindow::openMenu(const QPoint &placeOnScreen)
 {
     auto *menu = new ChosenSongsMenu(songs_->chosenSongs(), edits_, table_, this);
     connect(menu, &ChosenSongsMenu::addToPlaylistWanted, this, doors_.addToPlaylist);
+    connect(menu, &ChosenSongsMenu::emptyingWanted, this, [this](const QList<int> &songs) {
+        doors_.emptyNumbers(songs);
+        readDisk();
+        showPages();
+    });
     connect(menu, &ChosenSongsMenu::copyWanted, this, &SongsWindow::copyChosen);
     connect(menu, &ChosenSongsMenu::diskChanged, this, &SongsWindow::readDisk);
     menu->popup(placeOnScreen);

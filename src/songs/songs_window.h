@@ -27,6 +27,7 @@ public:
         std::function<void(int)> showSong; // in the main window
         std::function<bool()> save; // what its button Save does
         std::function<void(const QList<int> &)> addToPlaylist;
+        std::function<void(const QList<int> &)> emptyNumbers; // asks first
     };
     // The actions undo and redo belong to whoever made them.
     SongsWindow(Edits &edits, Doors doors, const QList<QAction *> &undoAndRedo);

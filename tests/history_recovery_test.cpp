@@ -1,0 +1,179 @@
+// What is typed and not saved: how it is kept for the next start, and put back.
+#include "archive/Module1.h"
+#include "history/recovery.h"
+#include "songs/edits.h"
+#include "support/table.h"
+#include "support/test_folder.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSignalSpy>
+#include <QTest>
+
+static Unsaved typed(const QString &title)
+{
+    return {1, {{1, SongFields{"One", "", "", "0"}, {title, "", "", "0"}}}};
+}
+
+static QString titleIn(const QString &path)
+{
+    const std::optional<Unsaved> unsaved = readUnsaved(path);
+    return unsaved && !unsaved->songs.isEmpty() ? unsaved->songs.first().is[0] : QString();
+}
+
+// The archive in memory: "title|author|tags|category" each, and what was typed behind it.
+static void setSongs(const QStringList &songs)
+{
+    Module1 = {};
+    for (const QString &song : songs) {
+        Module1.recCount += 1;
+        const auto n = static_cast<size_t>(Module1.recCount);
+        const QStringList fields = song.split('|');
+        Module1.recTitle[n] = fields.value(0);
+        Module1.recAuthor[n] = fields.value(1);
+        Module1.recTags[n] = fields.value(2);
+        Module1.recCategory[n] = fields.value(3);
+    }
+}
+
+static QStringList songs()
+{
+    QStringList songs;
+    for (size_t n = 1; n <= static_cast<size_t>(Module1.recCount) + 1; n += 1) {
+        const QStringList fields{Module1.recTitle[n], Module1.recAuthor[n], Module1.recTags[n],
+                                 Module1.recCategory[n]};
+        songs += fields.join('|');
+    }
+    return songs;
+}
+
+// What was typed, over an archive that may have changed since.
+struct Case {
+    UnsavedSong song;
+    int count;
+    QStringList archive; // at the next start
+    QStringList then;
+    bool isTold = false;
+};
+
+class HistoryRecoveryTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void aChange_isWrittenSoonAfterTheLastAndNotLongAfterTheFirst()
+    {
+        const TestFolder folder;
+        bool mayWrite = true;
+        Recovery recovery(
+            "kept", [] { return typed("Typed"); }, [&] { return mayWrite; }, {100, 400});
+        recovery.note(); // before it has begun nothing is kept
+        recovery.begin();
+        QTest::qWait(150);
+        QVERIFY(!QFileInfo::exists("kept/unsaved-1.json"));
+        QElapsedTimer since;
+        since.start();
+        while (!QFileInfo::exists("kept/unsaved-1.json") && since.elapsed() < 5000) {
+            recovery.note();
+            QTest::qWait(20);
+        }
+        QVERIFY2(since.elapsed() >= 300 && since.elapsed() < 2000,
+                 qPrintable(QString::number(since.elapsed())));
+        QCOMPARE(titleIn("kept/unsaved-1.json"), "Typed");
+        recovery.forget();
+        QVERIFY(!QFileInfo::exists("kept/unsaved-1.json"));
+        mayWrite = false;
+        recovery.note();
+        QTest::qWait(300);
+        QVERIFY(!QFileInfo::exists("kept/unsaved-1.json"));
+        mayWrite = true;
+        QTRY_COMPARE(titleIn("kept/unsaved-1.json"), "Typed");
+    }
+
+    void whatAnotherProgramLeft_isNeverWrittenOver()
+    {
+        const TestFolder folder;
+        const auto left = bytesOf(typed("Left"));
+        put("kept/unsaved-1.json", left);
+        put("kept/running-1.lock", ""); // killed before it could write its name there
+        put("kept/running-2.lock", "999999999\ntessaline\n\n"); // of a program that runs no longer
+        Recovery recovery("kept", [] { return typed("Mine"); });
+        recovery.begin();
+        QVERIFY(recovery.canKeep() && !recovery.isSecond());
+        QCOMPARE(recovery.leftBehind(), QStringList{"kept/unsaved-1.json"});
+        recovery.note();
+        QVERIFY(recovery.write());
+        QCOMPARE(contents("kept/unsaved-1.json"), left);
+        QCOMPARE(titleIn("kept/unsaved-2.json"), "Mine");
+        Recovery second("kept", [] { return Unsaved(); });
+        second.begin();
+        QVERIFY(second.isSecond() && second.canKeep());
+        QCOMPARE(second.leftBehind(), QStringList{"kept/unsaved-1.json"});
+        QVERIFY(second.takeOver("kept/unsaved-1.json"));
+        QCOMPARE(namesIn("kept").filter("unsaved"), QStringList{"unsaved-2.json"});
+    }
+
+    void aFolderThatCannotBeHad_isSaid()
+    {
+        for (const char *folder : {"", "/proc/nowhere"}) {
+            Recovery recovery(folder, [] { return typed("Typed"); });
+            recovery.begin();
+            recovery.note();
+            QVERIFY(!recovery.canKeep() && !recovery.isSecond() && !recovery.write());
+        }
+    }
+
+    void cutOrGarbledAnywhere_itGivesNothing()
+    {
+        const Unsaved unsaved{3,
+                              {{2, SongFields{"A", "", "", "0"}, {"\u00c9\"\\\n", "", "", "7"}},
+                               {3, std::nullopt, {"New", "", "", ""}}}};
+        const QByteArray bytes = bytesOf(unsaved);
+        QCOMPARE(unsavedOf(bytes), unsaved);
+        for (qsizetype i = 0; i < bytes.size(); i += 1) {
+            QVERIFY(!unsavedOf(bytes.first(i)));
+            for (const char other : {'\0', ' ', '"', static_cast<char>(bytes[i] ^ 1)}) {
+                QByteArray garbled = bytes;
+                garbled[i] = other;
+                QVERIFY(garbled == bytes || !unsavedOf(garbled));
+            }
+        }
+    }
+
+    void puttingBack_changesOnlyWhatIsAsItWas_data()
+    {
+        const SongFields one{"One", "", "", "0"};
+        const UnsavedSong changed{1, one, {"Uno", "Me", "a b", "7"}};
+        const UnsavedSong added{2, std::nullopt, {"Two", "", "", ""}};
+        tableOf<Case>({
+            {"changed", {changed, 1, {"One|||0"}, {"Uno|Me|a b|7", "|||"}}},
+            {"no category is one", {changed, 1, {"One"}, {"Uno|Me|a b|7", "|||"}}},
+            {"other since", {changed, 1, {"Ein|||0"}, {"Ein|||0", "|||"}, true}},
+            {"gone since", {changed, 1, {}, {"|||"}, true}},
+            {"saved since", {changed, 1, {"Uno|Me|a b|7"}, {"Uno|Me|a b|7", "|||"}}},
+            {"added", {added, 2, {"One|||0"}, {"One|||0", "Two|||", "|||"}}},
+            {"typed behind the last", {added, 1, {"One|||0"}, {"One|||0", "Two|||"}}},
+            {"an empty one there", {added, 2, {"One|||0", "|||0"}, {"One|||0", "Two|||", "|||"}}},
+            {"another one there", {added, 2, {"One|||0", "Zwei|||0"}, {"One|||0", "Zwei|||0", "|||"}, true}},
+            {"the one before gone", {added, 2, {}, {"|||"}, true}},
+        });
+    }
+    void puttingBack_changesOnlyWhatIsAsItWas()
+    {
+        const auto row = tableRow<Case>();
+        setSongs(row.archive);
+        Edits edits;
+        edits.loaded();
+        const PutBack put = putBack({row.count, {row.song}}, edits);
+        QCOMPARE(songs(), row.then);
+        QCOMPARE(put.changedMeanwhile, row.isTold ? QList{row.song.record} : QList<int>());
+        const int count = Module1.recCount;
+        edits.stack().undo();
+        QStringList before = row.archive;
+        before.resize(count);
+        for (int i = 0; i < count; i += 1)
+            QCOMPARE(Module1.recTitle[static_cast<size_t>(i) + 1], before[i].section('|', 0, 0));
+    }
+};
+
+QTEST_GUILESS_MAIN(HistoryRecoveryTest)
+#include "history_recovery_test.moc"
