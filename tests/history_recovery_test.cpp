@@ -5,9 +5,9 @@
 #include "support/table.h"
 #include "support/test_folder.h"
 
-#include <QFile>
+#include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
-#include <QSignalSpy>
 #include <QTest>
 
 static Unsaved typed(const QString &title)
@@ -63,6 +63,7 @@ private slots:
     void aChange_isWrittenSoonAfterTheLastAndNotLongAfterTheFirst()
     {
         const TestFolder folder;
+        QVERIFY(QDir().mkdir("kept"));
         bool mayWrite = true;
         Recovery recovery(
             "kept", [] { return typed("Typed"); }, [&] { return mayWrite; }, {100, 400});

@@ -1,56 +1,35 @@
+// What was typed and not saved, at the next start; undo of pages and recordings.
 #include "files/data_folder.h"
-#include "support/windows.h"
+#include "support/keeping.h"
+#include "support/table.h"
 
-#include <QApplication>
+#include <QDirIterator>
 #include <QFileInfo>
-#include <QTableView>
+#include <QScrollBar>
 
 static const QString window = "Tessaline 5.0";
 static const QString path = "spartiti/archivio.js";
 
-// The program with its history begun, which lies beside the archive for the test.
-struct Keeping : Program {
-    explicit Keeping(const QList<Answer> &ahead = {})
-        : Program(archiveOf({"One|||0", "Two|||0", "Three|||7"}), ahead)
-    {
-        begin();
-    }
-    void begin()
-    {
-        qputenv("XDG_DATA_HOME", QFile::encodeName(QDir::current().filePath("share")));
-        rooms.beginHistory();
-    }
-    // As if the program had been killed, and were started again.
-    void startAnew(const QList<Answer> &ahead)
-    {
-        answers = ahead;
-        told.clear();
-        rooms.history.reset();
-        rooms.form1.reload();
-        begin();
-    }
+// What keeps what is typed and not saved; empty where there is nothing.
+static QString unsavedFile()
+{
+    QDirIterator files("share", {"unsaved-?.json"}, QDir::Files, QDirIterator::Subdirectories);
+    return files.hasNext() ? files.next() : QString();
+}
+
+static void store(const QString &side)
+{
+    put("scan.jpg", "scan");
+    click(window, side);
+    clickFile(side + " page", "scan.jpg");
+    click(side + " page", "Ok");
+}
+
+// What ends the program, or nearly so, and whether what was typed is offered at the next start.
+struct Ending {
+    std::function<void()> end;
+    bool isOffered;
 };
-
-static QString shown()
-{
-    return textOf(window, "Text1") + ' ' + textOf(window, "Title");
-}
-
-static void undo(Qt::KeyboardModifiers more = {})
-{
-    press(window, "Title", Qt::Key_Z, Qt::ControlModifier | more);
-}
-
-static QString textsOf(const QString &table)
-{
-    const auto *view = control<QTableView>("Earlier versions", table);
-    QStringList texts;
-    for (int row = 0; row < view->model()->rowCount(); row += 1) {
-        for (int column = 1; column < view->model()->columnCount(); column += 1)
-            texts += view->model()->index(row, column).data().toString();
-    }
-    return texts.join('|');
-}
 
 class HistoryWindowTest : public WindowTest
 {
@@ -58,62 +37,110 @@ class HistoryWindowTest : public WindowTest
 private slots:
     void whatWasTyped_isOfferedAtTheNextStart_data()
     {
-        QTest::addColumn<Answer>("answer");
-        QTest::addColumn<QString>("title");
-        QTest::addColumn<int>("count");
-        QTest::addRow("Yes") << Answer::Yes << "4 Four" << 4;
-        QTest::addRow("No") << Answer::No << "3 Three" << 3;
+        tableOf<Answer>({{"Yes", Answer::Yes}, {"No", Answer::No}});
     }
     void whatWasTyped_isOfferedAtTheNextStart()
     {
-        QFETCH(Answer, answer);
-        QFETCH(QString, title);
-        QFETCH(int, count);
+        const bool isYes = tableRow<Answer>() == Answer::Yes;
         Keeping program;
         press(window, "Title", Qt::Key_PageUp);
         type(window, "Author", "B");
-        click(window, "Add");
-        type(window, "Title", "Four");
-        program.rooms.history->end(true);
-        program.startAnew({answer});
+        for (const char *title : {"Four", "Five"}) {
+            click(window, "Add");
+            type(window, "Title", title);
+        }
+        leaveByExit();
+        program.startAnew({tableRow<Answer>()});
         QCOMPARE(program.told.join('|'),
-                 "Tessaline ended before these changes were saved:\n2 Two\n4 Four\nDo you want them back?");
-        QCOMPARE(shown(), title);
-        QCOMPARE(Module1.recCount, count);
-        QCOMPARE(Module1.recAuthor[2], answer == Answer::Yes ? "B" : "");
-        QCOMPARE(Module1.archiveChanged, answer == Answer::Yes);
+                 "Tessaline ended before these changes were saved:\n2 Two\n4 Four\n5 Five\n"
+                 "Do you want them back?");
+        QCOMPARE(shownSong(), isYes ? "5 Five" : "3 Three");
+        QCOMPARE(Module1.recCount, isYes ? 5 : 3);
+        QCOMPARE(Module1.recAuthor[2], isYes ? "B" : "");
+        QCOMPARE(Module1.archiveChanged, isYes);
+        QCOMPARE(control<QScrollBar>(window, "VScroll1")->maximum(), isYes ? 5 : 4);
         // Neither is asked again; what was wanted is kept on, and what was not is a version.
-        program.rooms.history->end(true);
         program.startAnew({Answer::Yes});
-        QCOMPARE(program.told.size(), answer == Answer::Yes ? 1 : 0);
-        QCOMPARE(program.rooms.history->versions.all().size(), answer == Answer::Yes ? 0 : 1);
+        QCOMPARE(program.told.size(), isYes ? 1 : 0);
+        QCOMPARE(program.versions(), isYes ? QStringList() : QStringList{"Typed and not saved"});
     }
 
-    void whatWasSavedOrGivenUp_isNotOffered()
+    void eachEnding_offersOnlyWhatIsNeitherSavedNorGivenUp_data()
     {
+        const auto wait = [] { QTRY_VERIFY(!unsavedFile().isEmpty()); };
+        const auto close = [] { untilTheEnd([] { windowNamed(window)->close(); }); };
+        tableOf<Ending>({
+            {"killed after three seconds", {wait, true}},
+            {"Exit at once", {[] { leaveByExit(); }, true}},
+            {"Save", {[=] { wait(), click(window, "Save"); }, false}},
+            {"Save, Exit", {[] { click(window, "Save"), leaveByExit(); }, false}},
+            {"taken back", {[=] { wait(), undo(); }, false}},
+            {"close box", {[=] { wait(), close(); }, false}},
+        });
+    }
+    void eachEnding_offersOnlyWhatIsNeitherSavedNorGivenUp()
+    {
+        const auto row = tableRow<Ending>();
+        Keeping program({Answer::Ok});
+        if (QTest::currentDataTag() == QLatin1StringView("close box"))
+            program.answers = {Answer::Yes};
+        type(window, "Title", "X");
+        row.end();
+        QCOMPARE(!unsavedFile().isEmpty(), row.isOffered);
+        program.startAnew({Answer::Yes});
+        QCOMPARE(program.told.size(), row.isOffered ? 1 : 0);
+        QVERIFY(!row.isOffered || shownSong() == "3 X");
+    }
+
+    void aSpoiltFile_costsASentenceAtMost_data()
+    {
+        tableOf<qsizetype>({{"emptied", 0}, {"cut", 40}, {"all but the end", -1}, {"garbled", 100}});
+    }
+    void aSpoiltFile_costsASentenceAtMost()
+    {
+        const auto size = tableRow<qsizetype>();
         Keeping program;
         type(window, "Title", "Drei");
-        program.rooms.history->end(true);
-        click(window, "Save");
+        leaveByExit();
+        QByteArray bytes = contents(unsavedFile());
+        if (size == 100)
+            bytes[80] = '#';
+        else
+            bytes.resize(size < 0 ? bytes.size() + size : size);
+        put(unsavedFile(), bytes);
+        program.startAnew({});
+        QVERIFY(program.told.join('|').endsWith("The archive is as it was saved last."));
+        QCOMPARE(shownSong(), "3 Three");
         program.startAnew({});
         QCOMPARE(program.told, QStringList());
-        type(window, "Title", "Tres");
-        program.rooms.history->end(false);
-        program.startAnew({});
-        QCOMPARE(program.told, QStringList());
-        QCOMPARE(shown(), "3 Drei");
     }
 
     void aRecordChangedMeanwhile_isToldOfAndKept()
     {
         Keeping program;
         type(window, "Title", "Drei");
-        program.rooms.history->end(true);
+        leaveByExit();
         put(path, archiveOf({"One|||0", "Two|||0", "Tre|||7"}));
         program.startAnew({Answer::Yes});
         QVERIFY(program.told.value(1).contains("left as they are now: 3"));
-        QCOMPARE(shown(), "3 Tre");
-        QCOMPARE(program.rooms.history->versions.all().size(), 1);
+        QCOMPARE(shownSong(), "3 Tre");
+        QCOMPARE(program.versions(), QStringList{"Typed and not saved"});
+    }
+
+    void aDamagedArchive_leavesWhatWasTypedForLater()
+    {
+        Keeping program;
+        type(window, "Title", "Drei");
+        leaveByExit();
+        const QByteArray good = contents(path);
+        put(path, "damaged");
+        program.startAnew({Answer::Ok});
+        type(window, "Title", "in vain");
+        leaveByExit();
+        put(path, good);
+        program.startAnew({Answer::Yes, Answer::No});
+        QVERIFY2(program.told.value(0).contains("3 Drei"), qPrintable(program.told.join('|')));
+        QCOMPARE(Module1.recTitle[3], "Drei");
     }
 
     void aSecondProgram_isToldOnce()
@@ -121,8 +148,13 @@ private slots:
         Keeping program;
         Rooms second;
         second.beginHistory();
-        QVERIFY(program.told.join("").startsWith("Tessaline is running in this folder already."));
-        program.rooms.history.reset(); // or the keeper would be that of the second
+        QCOMPARE(program.told.size(), 1);
+        QVERIFY(program.told[0].startsWith("Tessaline is running in this folder already."));
+        second.history.reset();
+        Rooms third;
+        third.beginHistory();
+        QCOMPARE(program.told.size(), 2);
+        program.rooms.history.reset(); // or the keeper would be that of the third
     }
 
     void leftOverTwoPages_isUndoneAndRedone()
@@ -131,16 +163,13 @@ private slots:
         put("spartiti/m.jpg", "empty");
         put("spartiti/3L.jpg", "left");
         put("spartiti/3R.jpg", "right");
-        put("scan.jpg", "scan");
-        click(window, "Left");
-        clickFile("Left page", "scan.jpg");
-        click("Left page", "Ok");
+        store("Left");
         const auto pages = [] { return contents("spartiti/3L.jpg") + contents("spartiti/3R.jpg"); };
         QCOMPARE(pages(), "scanempty");
         press(window, "Title", Qt::Key_PageUp);
         undo();
         QCOMPARE(pages(), "leftright");
-        QCOMPARE(shown(), "3 Three");
+        QCOMPARE(shownSong(), "3 Three");
         undo(Qt::ShiftModifier);
         QCOMPARE(pages(), "scanempty");
         undo();
@@ -150,60 +179,64 @@ private slots:
     void aFirstPage_isTakenAwayIntoTheVersions()
     {
         Keeping program;
-        put("scan.jpg", "scan");
-        click(window, "Right");
-        clickFile("Right page", "scan.jpg");
-        click("Right page", "Ok");
+        store("Right");
         undo();
         QVERIFY(!QFileInfo::exists("spartiti/3R.jpg"));
-        QCOMPARE(program.rooms.history->versions.all().size(), 1);
+        QCOMPARE(program.versions(), QStringList{"Right page of 3"});
         undo(Qt::ShiftModifier);
         QCOMPARE(contents("spartiti/3R.jpg"), "scan");
     }
 
-    void aVersion_isBroughtBackAndThatAgain()
-    {
-        Keeping program({Answer::Ok});
-        const QByteArray before = contents(path);
-        type(window, "Title", "Drei");
-        click(window, "Add");
-        type(window, "Title", "Vier");
-        click(window, "Save");
-        const QByteArray after = contents(path);
-        chooseMenu("Earlier versions…");
-        QCOMPARE(textsOf("Versions"), "Archive|1 title changed, 1 new");
-        QCOMPARE(textsOf("Differences"), "Title|Three|Drei|||Vier");
-        program.answers = {Answer::No};
-        click("Earlier versions", "Bring back");
-        QVERIFY(program.told.value(1).contains("4 Vier"));
-        QCOMPARE(contents(path), after);
-        program.answers = {Answer::Yes, Answer::Ok};
-        click("Earlier versions", "Bring back");
-        QCOMPARE(contents(path), before);
-        QCOMPARE(shown(), "3 Three");
-        program.answers = {Answer::Ok};
-        clickRow("Earlier versions", "Versions", 0);
-        click("Earlier versions", "Bring back");
-        QCOMPARE(contents(path), after);
-    }
-
-    void aSingleSong_isBroughtBackAsAnUnsavedChange()
+    void aRecordingWithItsCategory_isOneStep()
     {
         Keeping program;
-        type(window, "Title", "Drei");
-        press(window, "Title", Qt::Key_PageUp);
-        type(window, "Title", "Zwei");
-        click(window, "Save");
-        chooseMenu("Earlier versions…");
-        clickRow("Earlier versions", "Differences", 1);
-        QCOMPARE(textsOf("Differences"), "Title|Two|Zwei|Title|Three|Drei");
-        click("Earlier versions", "Bring back chosen songs");
-        QCOMPARE(Module1.recTitle[3], "Three");
-        QCOMPARE(Module1.recTitle[2], "Zwei");
-        QVERIFY(Module1.archiveChanged);
-        waitUntilActive(window);
+        put("spartiti/generi.js", fileOf("generi", linesOf(QString("Rock|").repeated(32))));
+        put("spartiti/audio/3.mp3", "old");
+        put("a.mp3", "new");
+        click(window, "Mp3");
+        clickFile("mp3", "a.mp3");
+        click("mp3", "Command3(9)");
+        const auto state = [] { return contents("spartiti/audio/3.mp3") + Module1.recCategory[3].toUtf8(); };
+        QCOMPARE(state(), "new9");
         undo();
-        QCOMPARE(Module1.recTitle[3], "Drei");
+        QCOMPARE(state(), "old7");
+        undo(Qt::ShiftModifier);
+        QCOMPARE(state(), "new9");
+    }
+
+    // The step that failed is not taken the wrong way round by its opposite.
+    void undoWithoutTheVersion_changesNothingAndSaysSo()
+    {
+        Keeping program;
+        put("spartiti/3R.jpg", "right");
+        store("Right");
+        for (const Version &version : program.rooms.history->versions.all())
+            QFile::remove(program.rooms.history->versions.pathOf(version));
+        undo();
+        QVERIFY(program.told.last().startsWith("These could not be undone or done again;"));
+        undo(Qt::ShiftModifier);
+        QCOMPARE(contents("spartiti/3R.jpg"), "scan");
+        // The very page that is in place already: nothing was replaced that undo could have back.
+        click(window, "Right");
+        clickFile("Right page", "scan.jpg");
+        QVERIFY(QFile::remove("scan.jpg") && QFile::link("spartiti/3R.jpg", "scan.jpg"));
+        const int steps = program.rooms.edits.stack().count();
+        click("Right page", "Ok");
+        QCOMPARE(program.rooms.edits.stack().count(), steps);
+    }
+
+    // What is put in place while the program starts is a replacement like any other.
+    void theFirstReplacementOfARun_isKeptToo()
+    {
+        Keeping program;
+        program.rooms.history.reset();
+        program.rooms.form1.unload();
+        put(path, fileOf("archivio", {}));
+        program.answers = {Answer::Yes};
+        Rooms rooms;
+        rooms.start();
+        QVERIFY(contents(path).contains("\"1\""));
+        QCOMPARE(rooms.history->versions.all().size(), 1);
     }
 };
 

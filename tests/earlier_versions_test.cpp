@@ -1,0 +1,219 @@
+// The window "Earlier versions", and numbers that are emptied into them.
+#include "files/data_folder.h"
+#include "support/keeping.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QFileInfo>
+#include <QMenu>
+#include <QTableView>
+
+static const QString window = "Earlier versions";
+static const QString mainWindow = "Tessaline 5.0";
+static const QString path = "spartiti/archivio.js";
+
+static QString textsOf(const QString &table)
+{
+    const auto *view = control<QTableView>(window, table);
+    QStringList texts;
+    for (int row = 0; row < view->model()->rowCount(); row += 1) {
+        for (int column = 1; column < view->model()->columnCount(); column += 1)
+            texts += view->model()->index(row, column).data().toString();
+    }
+    return texts.join('|');
+}
+
+static int rowOf(const QString &what)
+{
+    const auto *view = control<QTableView>(window, "Versions");
+    for (int row = 0; row < view->model()->rowCount(); row += 1) {
+        if (view->model()->index(row, 1).data().toString() == what)
+            return row;
+    }
+    failTest("no version of " + what);
+}
+
+// Chooses the songs of these rows in "Songs", and the entry of their menu, by keys.
+static void chooseInSongs(int from, int to, const QString &entry)
+{
+    chooseMenu("Find a song…");
+    waitUntilActive("Songs");
+    clickRow("Songs", "Songs", from);
+    auto *table = control<QTableView>("Songs", "Songs");
+    for (int row = from; row < to; row += 1)
+        QTest::keyClick(table, Qt::Key_Down, Qt::ShiftModifier);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(table->viewport(), &event);
+    QTRY_VERIFY(QApplication::activePopupWidget());
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    for (QAction *action : menu->actions()) {
+        if (action->text() == entry)
+            return QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+    }
+    failTest("no entry " + entry);
+}
+
+static QByteArray filesOf(int n)
+{
+    return contents(pagePath(n, Page::Left)) + contents(pagePath(n, Page::Right))
+        + contents(recordingPath(n));
+}
+
+class EarlierVersionsTest : public WindowTest
+{
+    Q_OBJECT
+private slots:
+    void aVersion_isBroughtBackAndThatAgain()
+    {
+        Keeping program({Answer::Ok});
+        const QByteArray before = contents(path);
+        type(mainWindow, "Title", "Drei");
+        click(mainWindow, "Add");
+        type(mainWindow, "Title", "Vier");
+        click(mainWindow, "Save");
+        const QByteArray after = contents(path);
+        chooseMenu("Earlier versions…");
+        QCOMPARE(textsOf("Versions"), "Archive|1 title changed, 1 new");
+        QCOMPARE(textsOf("Differences"), "Title|Three|Drei|||Vier");
+        program.answers = {Answer::No};
+        click(window, "Bring back");
+        QVERIFY(program.told.value(1).contains("4 Vier"));
+        QCOMPARE(contents(path), after);
+        program.answers = {Answer::Yes, Answer::Ok};
+        click(window, "Bring back");
+        QCOMPARE(contents(path), before);
+        QCOMPARE(shownSong(), "3 Three");
+        program.answers = {Answer::Ok};
+        clickRow(window, "Versions", 0);
+        click(window, "Bring back");
+        QCOMPARE(contents(path), after);
+    }
+
+    void whatWasTyped_isThrownAwayOnlyAfterAQuestion()
+    {
+        Keeping program({Answer::Ok, Answer::No});
+        type(mainWindow, "Title", "Drei");
+        click(mainWindow, "Save");
+        type(mainWindow, "Title", "Tre");
+        const QByteArray before = contents(path);
+        chooseMenu("Earlier versions…");
+        click(window, "Bring back");
+        QVERIFY(program.told.last().startsWith("There are changes that have not been saved"));
+        QCOMPARE(contents(path) + Module1.recTitle[3].toUtf8(), before + "Tre");
+        program.answers = {Answer::Yes, Answer::Ok};
+        click(window, "Bring back");
+        QCOMPARE(shownSong(), "3 Three");
+        program.startAnew({Answer::Yes});
+        QCOMPARE(program.told, QStringList());
+    }
+
+    void aSingleSong_isBroughtBackAsAnUnsavedChange()
+    {
+        Keeping program;
+        type(mainWindow, "Title", "Drei");
+        press(mainWindow, "Title", Qt::Key_PageUp);
+        type(mainWindow, "Title", "Zwei");
+        click(mainWindow, "Save");
+        chooseMenu("Earlier versions…");
+        clickRow(window, "Differences", 1);
+        QCOMPARE(textsOf("Differences"), "Title|Two|Zwei|Title|Three|Drei");
+        click(window, "Bring back chosen songs");
+        QCOMPARE(Module1.recTitle[3], "Three");
+        QCOMPARE(Module1.recTitle[2], "Zwei");
+        QVERIFY(Module1.archiveChanged);
+        undo();
+        QCOMPARE(Module1.recTitle[3], "Drei");
+    }
+
+    void pagesAndTheOtherFiles_areShownAndBroughtBack()
+    {
+        Keeping program;
+        put("spartiti/3R.jpg", "right");
+        put("spartiti/generi.js", fileOf("generi", linesOf(QString("Rock|").repeated(32))));
+        put("scan.jpg", "scan");
+        chooseMenu("Earlier versions…"); // it sees what comes while it is open
+        QVERIFY(!control(window, "Bring back")->isEnabled());
+        waitUntilActive(mainWindow);
+        click(mainWindow, "Right");
+        clickFile("Right page", "scan.jpg");
+        click("Right page", "Ok");
+        const QByteArray names = contents("spartiti/generi.js");
+        program.rooms.history->versions.keep("./spartiti/generi.js");
+        put("new", QByteArray(names).replace("Rock", "Jazz"));
+        QVERIFY(QFile::remove("spartiti/generi.js") && QFile::rename("new", "spartiti/generi.js"));
+        program.rooms.history->versions.settle("./spartiti/generi.js", true);
+        waitUntilActive(window);
+        QCOMPARE(textsOf("Versions").section('|', 0, 3),
+                 "Categories|32 names changed|Right page of 3|5 bytes");
+        clickRow(window, "Versions", rowOf("Right page of 3"));
+        QVERIFY(control(window, "Page")->isVisible());
+        click(window, "Bring back");
+        QCOMPARE(contents("spartiti/3R.jpg"), "right");
+        clickRow(window, "Versions", rowOf("Categories"));
+        click(window, "Bring back");
+        QCOMPARE(contents("spartiti/generi.js"), names);
+        QCOMPARE(Module1.categoryName[1], "Rock");
+    }
+
+    // Where the present one cannot be kept, nothing takes its place.
+    void aPresentFileThatCannotBeKept_stays()
+    {
+        Keeping program;
+        put("spartiti/3R.jpg", "right");
+        put("scan.jpg", "scan");
+        click(mainWindow, "Right");
+        clickFile("Right page", "scan.jpg");
+        click("Right page", "Ok");
+        put("mine.jpg", "mine");
+        QVERIFY(QFile::remove("spartiti/3R.jpg")
+                && QFile::link(QDir("mine.jpg").absolutePath(), "spartiti/3R.jpg"));
+        chooseMenu("Earlier versions…");
+        clickWithFullDisk(window, "Bring back");
+        QVERIFY2(program.told.last().contains("could not be kept"), qPrintable(program.told.last()));
+        QCOMPARE(contents("spartiti/3R.jpg"), "mine");
+    }
+
+    void numbers_areEmptiedIntoTheVersionsAndUndone()
+    {
+        Keeping program({Answer::No, Answer::Yes});
+        for (const char *file : {"2L.jpg", "2R.jpg", "audio/2.mp3", "3R.jpg", "1L.jpg"})
+            put(QString("spartiti/") + file, file);
+        put("spartiti/playlist.js", fileOf("playlist", "\"Sunday\",\"3,1,#\",\r\n\"Monday\",\"1,#\",\r\n"));
+        const QByteArray two = filesOf(2);
+        const QByteArray three = filesOf(3);
+        chooseInSongs(1, 2, "Empty these numbers…");
+        QTRY_COMPARE(program.told.size(), 1);
+        QVERIFY(program.told[0].contains("2 Two\n3 Three\n"));
+        QVERIFY(program.told[0].endsWith("Sunday: 3"));
+        QCOMPARE(filesOf(2) + Module1.recTitle[2].toUtf8(), two + "Two");
+        chooseInSongs(1, 2, "Empty these numbers…");
+        QTRY_COMPARE(filesOf(2) + filesOf(3), QByteArray("(missing)").repeated(6));
+        QCOMPARE(filesOf(1), "1L.jpg(missing)(missing)");
+        QCOMPARE(Module1.recCount, 3);
+        QVERIFY(Module1.recTitle[2].isEmpty() && Module1.recTitle[3].isEmpty()
+                && Module1.recCategory[3] == "0");
+        QCOMPARE(program.versions().size(), 4);
+        QCOMPARE(textOf("Songs", "Save"), "Save");
+        undo();
+        QCOMPARE(filesOf(2) + filesOf(3), two + three);
+        QVERIFY(Module1.recTitle[2] == "Two" && Module1.recCategory[3] == "7" && !Module1.archiveChanged);
+        undo(Qt::ShiftModifier);
+        QCOMPARE(filesOf(2) + filesOf(3), QByteArray("(missing)").repeated(6));
+        QVERIFY(Module1.recTitle[2].isEmpty());
+    }
+
+    // The fields of a song go only with its files.
+    void aPageThatCannotBeKept_keepsItsSong()
+    {
+        Keeping program({Answer::Yes, Answer::Ok});
+        put("spartiti/2L.jpg", "left");
+        QVERIFY(QDir().mkpath("spartiti/3R.jpg")); // a folder of that name
+        chooseInSongs(1, 2, "Empty these numbers…");
+        QTRY_COMPARE(program.told.size(), 2);
+        QVERIFY(program.told[1].contains("3R.jpg") && program.told[1].contains("1 number keeps its fields."));
+        QCOMPARE(Module1.recTitle[2] + Module1.recTitle[3], "Three");
+    }
+};
+
+QTEST_MAIN(EarlierVersionsTest)
+#include "earlier_versions_test.moc"
