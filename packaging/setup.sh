@@ -1,6 +1,7 @@
 # Read by ./run and ./test: installs what is missing and builds. Not to be run by itself.
 
-build_packages=(g++ cmake ninja-build qt6-base-dev fonts-dejavu-core)
+# The last two are for scans that are no JPEG.
+build_packages=(g++ cmake ninja-build qt6-base-dev fonts-dejavu-core poppler-utils qt6-image-formats-plugins)
 
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then

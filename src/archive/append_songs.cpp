@@ -201,7 +201,7 @@ static Result makeReady(StagedFiles &staged, QList<ComingFile> &files, const Pro
         if (made.isEmpty())
             return Result::failed(Kind::Cancelled, archivePath(), "it was cancelled");
         const Result result = made.takeFirst();
-        if (result.kind == Kind::Unwritable)
+        if (result.kind == Kind::Unwritable || result.kind == Kind::Cancelled)
             return result;
         if (!result.ok())
             report.notMade += {shownPath(file.name.path()), result};

@@ -1,6 +1,7 @@
 #include "files/platform.h"
 
 #include <QFile>
+#include <QProcess>
 
 #include <cerrno>
 #include <system_error>
@@ -45,9 +46,12 @@ bool isNothingThere(const QString &path)
 {
     return isMissing(path);
 }
+
+void limitMemory(QProcess &, qint64) { }
 #else
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -125,6 +129,14 @@ bool isNothingThere(const QString &path)
     struct stat found {
     };
     return lstat(QFile::encodeName(path).constData(), &found) != 0 && (errno == ENOENT || errno == ENOTDIR);
+}
+
+void limitMemory(QProcess &process, qint64 bytes)
+{
+    process.setChildProcessModifier([bytes] {
+        const rlimit limit{static_cast<rlim_t>(bytes), static_cast<rlim_t>(bytes)};
+        setrlimit(RLIMIT_AS, &limit);
+    });
 }
 #endif
 

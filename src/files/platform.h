@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class QProcess;
+
 // The calls that each operating system has its own name for. Nothing outside this file and its .cpp
 // may ask which system it runs on.
 
@@ -35,6 +37,10 @@ bool isMissing(const QString &path);
 
 // As isMissing(), but a link to nothing is something.
 bool isNothingThere(const QString &path);
+
+// Of a program that is to be started: it gets no more memory than this, in bytes, where the system can see
+// to that.
+void limitMemory(QProcess &process, qint64 bytes);
 
 // The system's words for the present errno.
 QString systemReason();

@@ -1,0 +1,56 @@
+#include "intake/known_songs.h"
+
+#include "archive/Module1.h"
+#include "files/data_folder.h"
+#include "files/safe_write.h"
+#include "text/folding.h"
+
+#include <QDirIterator>
+#include <QFileInfo>
+
+KnownSongs::KnownSongs()
+{
+    for (int n = Module1.recCount; n > 0; n -= 1) {
+        const QString title = foldedTitle(Module1.recTitle[static_cast<size_t>(n)]);
+        if (!title.isEmpty())
+            byTitle_[title] = n;
+    }
+}
+
+void KnownSongs::listPages()
+{
+    arePagesListed_ = true;
+    for (QDirIterator files(dataFolder(), {"*.jpg"}, QDir::Files); files.hasNext();) {
+        files.next();
+        const auto page = pageOfName(files.fileName());
+        if (page && page->record <= Module1.recCount)
+            pagesOfSize_[files.fileInfo().size()] += files.filePath();
+    }
+}
+
+int KnownSongs::songOfPage(const QString &file)
+{
+    if (!arePagesListed_)
+        listPages();
+    if (pagesOfSize_.isEmpty())
+        return 0;
+    const QStringList pages = pagesOfSize_.value(QFileInfo(file).size());
+    QByteArray bytes;
+    if (pages.isEmpty() || !readWhole(file, bytes).ok() || bytes.isEmpty())
+        return 0;
+    for (const QString &page : pages) {
+        if (holdsJust(page, bytes))
+            return pageOfName(QFileInfo(page).fileName())->record;
+    }
+    return 0;
+}
+
+QString KnownSongs::noteFor(const ComingSong &song)
+{
+    int known = byTitle_.value(foldedTitle(song.title));
+    for (const ComingPage &page : song.pages()) {
+        if (known == 0 && page.pdfPage == 0 && page.isAsItWas())
+            known = songOfPage(page.file);
+    }
+    return known == 0 ? QString() : QStringLiteral("in the archive as no. %1").arg(known);
+}

@@ -1,0 +1,434 @@
+#include "archive/archive_file.h"
+#include "intake/bring_in.h"
+#include "intake/coming_table.h"
+#include "intake/page_picture.h"
+#include "playlists/playlist_file.h"
+#include "support/table.h"
+#include "support/test_folder.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QImage>
+#include <QTest>
+
+// Left half red, right half blue, 40 by 20, in any format.
+static QByteArray picture(const char *format, QImage::Format pixels = QImage::Format_RGB32,
+                          QSize size = {40, 20})
+{
+    QImage image(size, QImage::Format_ARGB32);
+    for (int y = 0; y < size.height(); y += 1) {
+        for (int x = 0; x < size.width(); x += 1)
+            image.setPixelColor(x, y, x < size.width() / 2 ? Qt::red : Qt::blue);
+    }
+    image.convertTo(pixels);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format, 100);
+    return buffer.data();
+}
+
+// A PDF of empty A4 pages, or of what is drawn on each.
+static QByteArray pdf(int pages,
+                      const QByteArray &drawn = "1 0 0 rg 0 0 298 842 re f 0 0 1 rg 298 0 298 842 re f",
+                      const QByteArray &objects = {})
+{
+    QByteArray bytes = "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endobj\n2 0 obj<</Type/Pages/Count "
+        + QByteArray::number(pages) + "/Kids[";
+    for (int i = 0; i < pages; i += 1)
+        bytes += QByteArray::number(4 + i) + " 0 R ";
+    bytes += "]>>endobj\n3 0 obj<</Length " + QByteArray::number(drawn.size()) + ">>stream\n" + drawn
+        + "\nendstream endobj\n";
+    for (int i = 0; i < pages; i += 1)
+        bytes += QByteArray::number(4 + i)
+            + " 0 obj<</Type/Page/Parent 2 0 R/MediaBox[0 0 596 842]/Resources<</XObject<</X0 1000 0 R>>>>"
+              "/Contents 3 0 R>>endobj\n";
+    return bytes + objects + "trailer<</Root 1 0 R>>\n%%EOF\n";
+}
+
+static ComingSong song(const QString &title, const QString &left, const QString &right = {})
+{
+    ComingSong song;
+    song.title = title;
+    if (!left.isEmpty())
+        song.left.file = QFileInfo(left).absoluteFilePath();
+    if (!right.isEmpty())
+        song.right.file = QFileInfo(right).absoluteFilePath();
+    return song;
+}
+
+static QColor colourAt(const QImage &image, double x, double y)
+{
+    return image.pixelColor(int(image.width() * x), int(image.height() * y));
+}
+
+// "red", "blue", "white" or the value.
+static QString nameOf(const QColor &colour)
+{
+    const std::pair<QColor, QString> names[] = {{Qt::red, "red"}, {Qt::blue, "blue"}, {Qt::white, "white"}};
+    for (const auto &[known, name] : names) {
+        if (qAbs(known.red() - colour.red()) + qAbs(known.green() - colour.green())
+                + qAbs(known.blue() - colour.blue())
+            < 60)
+            return name;
+    }
+    return colour.name();
+}
+
+static QImage page(const QString &name)
+{
+    return QImage("spartiti/" + name);
+}
+
+// All files below the working directory with what they hold.
+static QMap<QString, QByteArray> tree()
+{
+    QMap<QString, QByteArray> tree;
+    for (QDirIterator files(".", QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
+                            QDirIterator::Subdirectories);
+         files.hasNext();) {
+        const QString path = files.next();
+        tree[path] = files.fileInfo().isDir() ? QByteArray("folder") : contents(path);
+    }
+    return tree;
+}
+
+struct Hostile {
+    QByteArray bytes;
+    QString reason; // what is said of it; empty: it comes
+};
+Q_DECLARE_METATYPE(Hostile)
+
+class IntakeFilesTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void jpegs_comeByteForByte()
+    {
+        const TestFolder folder;
+        putArchive({"One|||0"});
+        (void)loadArchive();
+        put("in/a.jpg", picture("jpg"));
+        put("in/b.jpeg", picture("jpg", QImage::Format_Grayscale8));
+        put("in/c.png", picture("jpg")); // named wrongly
+        put("in/r.mp3", "sound");
+        put("spartiti/m.jpg", "empty sheet");
+        ComingSong second = song("Third", "in/c.png");
+        second.recording = QFileInfo("in/r.mp3").absoluteFilePath();
+        second.category = 7;
+        const BringInReport report = bringIn({song("Second", "in/a.jpg", "in/b.jpeg"), second}, "Tonight");
+        QVERIFY(report.result.ok() && report.playlist.ok() && troublesOf(report).isEmpty());
+        QCOMPARE(report.firstSong, 2);
+        QCOMPARE(contents("spartiti/archivio.js"), archiveOf({"One|||0", "Second|||0", "Third|||7"}));
+        QCOMPARE(contents("spartiti/2L.jpg"), contents("in/a.jpg"));
+        QCOMPARE(contents("spartiti/2R.jpg"), contents("in/b.jpeg"));
+        QCOMPARE(contents("spartiti/3L.jpg"), contents("in/c.png"));
+        QCOMPARE(contents("spartiti/3R.jpg"), QByteArray("empty sheet"));
+        QCOMPARE(contents("spartiti/audio/3.mp3"), QByteArray("sound"));
+        Playlists playlists;
+        QVERIFY(readPlaylistFile(playlists).ok());
+        QCOMPARE(playlists.storedUnder("Tonight"), QStringList("2,3,#"));
+        QVERIFY(!QFileInfo::exists("spartiti/arriving"));
+    }
+
+    void otherPictures_becomeTheRightPages_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<ComingPage>("page");
+        QTest::addColumn<QString>("corners"); // left and right, or upper and lower
+        const auto row = [](const char *name, const QByteArray &bytes, const ComingPage &page,
+                            const char *corners) {
+            QTest::newRow(name) << bytes << page << QString(corners);
+        };
+        const ComingPage plain{"in/x", 0, 0, 0, ComingPage::Whole, 0};
+        row("png", picture("png"), plain, "red|blue");
+        row("png of 16 bits", picture("png", QImage::Format_RGBA64), plain, "red|blue");
+        row("png with a palette", picture("png", QImage::Format_Indexed8), plain, "red|blue");
+        row("bmp", picture("bmp"), plain, "red|blue");
+        QImage clear(40, 20, QImage::Format_ARGB32);
+        clear.fill(Qt::transparent);
+        clear.setPixelColor(0, 0, Qt::red);
+        QBuffer buffer;
+        clear.save(&buffer, "png");
+        row("transparent", buffer.data(), plain, "white|white");
+        for (const char *format : {"tiff", "webp", "gif"}) {
+            if (QByteArray bytes = picture(format); !bytes.isEmpty())
+                row(format, bytes, plain, "red|blue");
+        }
+        row("jpeg turned", picture("jpg"), {"in/x", 0, 0, 1, ComingPage::Whole, 0}, "red/blue");
+        row("jpeg turned thrice", picture("jpg"), {"in/x", 0, 0, 3, ComingPage::Whole, 0}, "blue/red");
+        row("left half", picture("jpg"), {"in/x", 0, 0, 0, ComingPage::LeftHalf, 0}, "red|red");
+        row("right half", picture("png"), {"in/x", 0, 0, 0, ComingPage::RightHalf, 0}, "blue|blue");
+        row("half of a turned one", picture("png"), {"in/x", 0, 0, 1, ComingPage::LeftHalf, 0}, "red/blue");
+        row("turned half of a turned one", picture("png"), {"in/x", 0, 0, 1, ComingPage::RightHalf, 1},
+            "blue|red");
+        // Its EXIF data say that it is to be turned by a quarter.
+        QByteArray exif = picture("jpg");
+        exif.insert(2,
+                    QByteArray::fromHex("ffe1001e457869660000"
+                                        "49492a0008000000"
+                                        "0100"
+                                        "120103000100000006000000"
+                                        "0000"));
+        row("half of one that EXIF turns", exif, {"in/x", 0, 0, 0, ComingPage::LeftHalf, 0}, "red/blue");
+        row("pdf", pdf(1), {"in/x", 1, 200, 0, ComingPage::Whole, 0}, "red|blue");
+        row("half of a pdf", pdf(1), {"in/x", 1, 200, 0, ComingPage::RightHalf, 0}, "blue|blue");
+        row("pdf turned", pdf(1), {"in/x", 1, 200, 1, ComingPage::Whole, 0}, "red/blue");
+    }
+    void otherPictures_becomeTheRightPages()
+    {
+        const TestFolder folder;
+        QFETCH(QByteArray, bytes);
+        QFETCH(ComingPage, page);
+        QFETCH(QString, corners);
+        put("in/x", bytes);
+        putArchive({"One|||0"});
+        (void)loadArchive();
+        ComingSong one;
+        one.left = page;
+        const BringInReport report = bringIn({one}, {});
+        QCOMPARE(troublesOf(report).join('\n'), QString());
+        QCOMPARE(contents("spartiti/2L.jpg").first(2), QByteArray("\xFF\xD8"));
+        const QImage image = ::page("2L.jpg");
+        if (corners.contains('/'))
+            QCOMPARE(nameOf(colourAt(image, 0.5, 0.2)) + '/' + nameOf(colourAt(image, 0.5, 0.8)), corners);
+        else
+            QCOMPARE(nameOf(colourAt(image, 0.2, 0.5)) + '|' + nameOf(colourAt(image, 0.8, 0.5)), corners);
+        if (page.pdfPage > 0 && page.isAsItWas())
+            QCOMPARE(image.size(), QSize(1656, 2339));
+        if (page.pdfPage == 0) {
+            const QImage small = smallPicture(page, {20, 20});
+            QVERIFY(!small.isNull() && small.width() <= 20 && small.height() <= 20);
+        }
+    }
+
+    void hostileFiles_areNamedAndHoldUpNothing_data()
+    {
+        const QByteArray png = picture("png", QImage::Format_RGB32, {300, 300});
+        QByteArray bomb = picture("bmp");
+        bomb.replace(18, 8, QByteArray::fromHex("204e0000204e0000")); // 20,000 by 20,000
+        tableOf<Hostile>({
+            {"empty", {"", "it is empty"}},
+            {"text", {"this is a text", "it is not a picture"}},
+            {"a page of 20,000 by 20,000", {bomb, "it has 20000 by 20000 pixels"}},
+            {"a cut png", {png.first(png.size() / 2), "it is broken"}},
+            {"a cut jpeg", {picture("jpg", QImage::Format_RGB32, {300, 300}).first(2000), ""}},
+        });
+    }
+    void hostileFiles_areNamedAndHoldUpNothing()
+    {
+        const TestFolder folder;
+        const auto row = tableRow<Hostile>();
+        put("in/x.jpg", row.bytes);
+        put("in/good.jpg", picture("jpg"));
+        putArchive({"One|||0"});
+        (void)loadArchive();
+        QCOMPARE(checkPicture("in/x.jpg").ok(), row.reason.isEmpty() || row.reason == "it is broken");
+        const BringInReport report = bringIn({song("Bad", "in/x.jpg"), song("Good", "in/good.jpg")}, {});
+        QVERIFY(report.result.ok());
+        QCOMPARE(QFileInfo::exists("spartiti/2L.jpg"), row.reason.isEmpty());
+        QVERIFY2(troublesOf(report).join('\n').contains(row.reason),
+                 qPrintable(troublesOf(report).join('\n')));
+        QCOMPARE(contents("spartiti/3L.jpg"), contents("in/good.jpg"));
+        if (row.reason.isEmpty())
+            QVERIFY(isCutShort("in/x.jpg") && !isCutShort("in/good.jpg"));
+    }
+
+    void pdfs_tellTheirPagesOrWhyNot()
+    {
+        const TestFolder folder;
+        put("two.pdf", pdf(2));
+        put("none.pdf", pdf(0));
+        put("text.pdf", "no PDF");
+        put("huge.pdf", pdf(1).replace("596 842", "14400 14400"));
+        const QStringList files{"two.pdf", "none.pdf", "text.pdf", "huge.pdf"};
+        QHash<QString, PdfInfo> infos = readPdfs(files);
+        QCOMPARE(infos["two.pdf"].dpi, QList<int>({200, 200}));
+        QVERIFY(!infos["none.pdf"].result.ok() && !infos["text.pdf"].result.ok());
+        QVERIFY(infos["huge.pdf"].dpi.value(0) < 50);
+        QVERIFY(readPdfs(files, [](int, int) { return false; }).isEmpty());
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", "/nowhere");
+        infos = readPdfs({"two.pdf"});
+        qputenv("PATH", path);
+        QCOMPARE(infos["two.pdf"].result.reason, "PDF needs poppler-utils");
+    }
+
+    void aPdfThatRunsForEver_isEnded()
+    {
+        const TestFolder folder;
+        // Forms that each draw the next one ten times over.
+        QByteArray forms;
+        for (int i = 0; i < 20; i += 1) {
+            const QByteArray next = "/X" + QByteArray::number(i + 1) + " Do ";
+            forms += QByteArray::number(1000 + i)
+                + " 0 obj<</Type/XObject/Subtype/Form/BBox[0 0 596 842]/Resources<</XObject<</X"
+                + QByteArray::number(i + 1) + ' ' + QByteArray::number(1001 + i) + " 0 R>>>>/Length "
+                + QByteArray::number(next.size() * 10) + ">>stream\n" + next.repeated(10)
+                + "\nendstream endobj\n";
+        }
+        put("forever.pdf", pdf(1, "/X0 Do", forms));
+        put("good.pdf", pdf(1));
+        Jobs jobs(1);
+        jobs.add(pageJob("forever.pdf", 1, 1, 200, false));
+        jobs.add(pageJob("good.pdf", 1, 1, 200, false));
+        const Jobs::Outcome outcome = jobs.take(0, {});
+        QCOMPARE(resultOf(outcome, "forever.pdf").reason, "it takes too long to be made into a page");
+        QVERIFY(resultOf(jobs.take(1, {}), "good.pdf").ok());
+        QElapsedTimer since;
+        since.start();
+        Jobs stopped(60);
+        stopped.add(pageJob("forever.pdf", 1, 1, 200, false));
+        QCOMPARE(stopped.take(0, [] { return false; }).end, Jobs::End::Stopped);
+        QVERIFY(since.elapsed() < 1000);
+    }
+
+    void cancelledAtAnyMoment_leavesTheFilesAsTheyWere()
+    {
+        const TestFolder folder;
+        putArchive({"One|||0"});
+        (void)loadArchive();
+        Module1.recTitle[1] = "typed";
+        put("in/a.jpg", picture("jpg"));
+        put("in/b.png", picture("png"));
+        put("in/c.pdf", pdf(2));
+        ComingSong book = song("Book", {});
+        book.left = {"in/c.pdf", 1, 200, 0, ComingPage::Whole, 0};
+        book.right = {"in/c.pdf", 2, 200, 1, ComingPage::Whole, 0};
+        const QList<ComingSong> songs{song("A", "in/a.jpg", "in/b.png"), book};
+        const auto before = tree();
+        bool isDone = false;
+        for (int stop = 0; !isDone; stop += 1) {
+            int asked = 0;
+            const BringInReport report = bringIn(songs, "List", [&](int, int) { return asked++ < stop; });
+            isDone = report.result.ok();
+            if (isDone)
+                break;
+            QCOMPARE(report.result.kind, Result::Kind::Cancelled);
+            QCOMPARE(tree(), before);
+            QCOMPARE(Module1.recTitle[2], QString());
+        }
+        QCOMPARE(contents("spartiti/archivio.js"), archiveOf({"typed|||0", "A|||0", "Book|||0"}));
+    }
+
+    void whatCannotBe_isRefusedBefore()
+    {
+        const TestFolder folder;
+        putArchive({"One|||0"});
+        (void)loadArchive();
+        put("in/a.jpg", picture("jpg"));
+        const QList<ComingSong> songs{song("A", "in/a.jpg")};
+        put("spartiti/playlist.js", fileOf("playlist", "\"Here\",\"1,#\",\r\n"));
+        const auto before = tree();
+        QVERIFY(bringIn(songs, "Here").result.reason.contains("already"));
+        QVERIFY(!bringIn(songs, "];").result.ok());
+        Module1.recCount = Module1State::lastRecord;
+        QVERIFY(bringIn(songs, {}).result.reason.contains("has room for 0 more titles"));
+        QCOMPARE(tree(), before);
+        (void)loadArchive();
+        put("spartiti/archivio.js", archiveOf({"Other|||0"}));
+        QVERIFY(bringIn(songs, {}).result.reason.contains("Another program"));
+        put("spartiti/archivio.js", "damaged");
+        (void)loadArchive();
+        QVERIFY(bringIn(songs, {}).result.reason.contains("is damaged"));
+        QCOMPARE(namesIn("spartiti"), QStringList({"archivio.js", "playlist.js"}));
+    }
+
+    void folders_becomeSongsAndKnownOnesAreNotTicked()
+    {
+        const TestFolder folder;
+        put("in/Menuet-L.jpg", picture("jpg"));
+        put("in/Menuet-R.jpg", picture("jpg", QImage::Format_Grayscale8));
+        put("in/deep/er/Bach - Air p1.png", picture("png"));
+        put("in/deep/er/Bach - Air p2.png", picture("png"));
+        put("in/deep/Book.pdf", pdf(3));
+        put("in/notes.txt", "text");
+        put("in/.hidden.jpg", "hidden");
+        QVERIFY(QFile::link(QFileInfo("in").absoluteFilePath(), "in/deep/loop"));
+        putArchive({"One|||0"});
+        (void)loadArchive();
+        const auto songsIn = [&](const FoundFiles &found) {
+            KnownSongs known;
+            return songsOf(found, readPdfs(pdfsIn(found)), {0, NamesAre::AuthorTitle, false}, known);
+        };
+        const FoundFiles found = findFiles({"in", "in/Menuet-L.jpg", "in/nothing.jpg"});
+        QCOMPARE(found.others, 1);
+        const QList<ComingSong> songs = songsIn(found);
+        QStringList texts;
+        for (const ComingSong &each : songs)
+            texts += each.title + '/' + each.author + '/' + QString::number(each.pages().size());
+        QCOMPARE(texts.join(' '), "Menuet//2 Book//2 Book (2)//1 Air/Bach/2");
+        QVERIFY(bringIn(songs, {}).result.ok());
+        (void)loadArchive();
+        for (const ComingSong &each : songsIn(found))
+            QVERIFY(!each.isTicked && each.note.startsWith("in the archive as no. "));
+        // One that is called otherwise is known by its picture.
+        QFile::rename("in/Menuet-L.jpg", "in/scan0041.jpg");
+        QFile::remove("in/Menuet-R.jpg");
+        QCOMPARE(songsIn(findFiles({"in/scan0041.jpg"}))[0].note, "in the archive as no. 2");
+    }
+
+    void aBook_becomesItsSongs()
+    {
+        const TestFolder folder;
+        put("book.pdf", pdf(300));
+        const PdfInfo info = readPdfs({"book.pdf"})["book.pdf"];
+        QCOMPARE(info.dpi.size(), 300);
+        QByteArray csv;
+        for (int i = 1; i <= 250; i += 1)
+            csv += "Song " + QByteArray::number(i) + "," + QByteArray::number(i <= 50 ? 2 * i - 1 : i + 50)
+                + '\n';
+        const Contents contents = contentsOf(csv, 0, 300);
+        KnownSongs known;
+        const QList<ComingSong> songs = songsOfBook("book.pdf", info, contents.songs, known);
+        QCOMPARE(songs.size(), 250);
+        QCOMPARE(songs[0].right.pdfPage, 2);
+        QCOMPARE(songs[249].left.pdfPage, 300);
+        QVERIFY(!songs[249].right.exists());
+    }
+
+    void rows_arePutRightAndUndone()
+    {
+        ComingTable table;
+        QList<ComingSong> songs;
+        for (const char *name : {"a", "b", "c", "d", "e"})
+            songs += song(name, QString(name) + ".jpg");
+        table.replaceSongs(songs, "songs");
+        const auto rows = [&] {
+            QStringList texts;
+            for (const ComingSong &each : table.songs())
+                texts += each.title + QString::number(each.pages().size());
+            return texts.join(' ');
+        };
+        QVERIFY(table.canJoin({0, 1, 2, 3}) && !table.canJoin({0}) && table.canJoin({4}));
+        table.join({0, 1, 2, 3, 4});
+        QCOMPARE(rows(), "a2 c2 e1");
+        QVERIFY(!table.canJoin({1}));
+        table.exchangePages({1});
+        QVERIFY(table.songs()[1].left.file.endsWith("d.jpg"));
+        const QModelIndex right = table.index(0, int(ComingColumn::Right));
+        QVERIFY(table.canBeginSongAt(right)
+                && !table.canBeginSongAt(table.index(2, int(ComingColumn::Left))));
+        table.beginSongAt(right);
+        QCOMPARE(rows(), "a1 b1 c2 e1");
+        table.halve({2, 3});
+        QCOMPARE(rows(), "a1 b1 c2 c (2)2 e2");
+        QVERIFY(!table.canHalve({4}) && table.canHalve({0}));
+        table.turn({table.index(0, int(ComingColumn::Left)), table.index(4, int(ComingColumn::Right))});
+        QCOMPARE(table.songs()[0].left.turns, 1);
+        QCOMPARE(table.songs()[4].right.turnsOfPart, 1);
+        table.setText({0, 1}, ComingColumn::Tags, "quiet \"slow\"");
+        QCOMPARE(table.songs()[1].tags, "quiet 'slow'");
+        table.setText({0}, ComingColumn::Title, "Mine");
+        table.readNames({0, NamesAre::Title, false});
+        QCOMPARE(table.songs()[0].title, "Mine");
+        while (table.undoStack()->index() > 1)
+            table.undoStack()->undo();
+        QVERIFY(table.songs() == songs);
+    }
+};
+
+QTEST_GUILESS_MAIN(IntakeFilesTest)
+#include "intake_files_test.moc"
