@@ -209,10 +209,13 @@ private slots:
         const QByteArray png = picture("png", QImage::Format_RGB32, {300, 300});
         QByteArray bomb = picture("bmp");
         bomb.replace(18, 8, QByteArray::fromHex("204e0000204e0000")); // 20,000 by 20,000
+        QByteArray largeJpeg = picture("jpg");
+        largeJpeg.replace(largeJpeg.indexOf("\xFF\xC0") + 5, 4, QByteArray::fromHex("4e204e20"));
         tableOf<Hostile>({
             {"empty", {"", "it is empty"}},
             {"text", {"this is a text", "it is not a picture"}},
-            {"a page of 20,000 by 20,000", {bomb, "it has 20000 by 20000 pixels"}},
+            {"a bmp of 20,000 by 20,000", {bomb, "it is broken"}},
+            {"a jpeg of 20,000 by 20,000", {largeJpeg, "it has 20000 by 20000 pixels"}},
             {"a cut png", {png.first(png.size() / 2), "it is broken"}},
             {"a cut jpeg", {picture("jpg", QImage::Format_RGB32, {300, 300}).first(2000), ""}},
         });
@@ -225,7 +228,6 @@ private slots:
         put("in/good.jpg", picture("jpg"));
         putArchive({"One|||0"});
         (void)loadArchive();
-        QCOMPARE(checkPicture("in/x.jpg").ok(), row.reason.isEmpty() || row.reason == "it is broken");
         const BringInReport report = bringIn({song("Bad", "in/x.jpg"), song("Good", "in/good.jpg")}, {});
         QVERIFY(report.result.ok());
         QCOMPARE(QFileInfo::exists("spartiti/2L.jpg"), row.reason.isEmpty());

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "intake/song_name.h"
+
 #include <QList>
-#include <QString>
 
 // A page on its way into the archive: a file, or a page of a PDF, and what is to be done to it.
 struct ComingPage {
@@ -42,6 +43,15 @@ struct ComingSong {
         QList<ComingPage> pages{left, right};
         pages.removeIf([](const ComingPage &page) { return !page.exists(); });
         return pages;
+    }
+    // Its title and author from its name, unless they were typed.
+    void readName(NamesAre namesAre, bool leaveOutNumbers)
+    {
+        if (isNamed)
+            return;
+        const SongName read = songNameOf(name, namesAre, leaveOutNumbers);
+        title = read.title;
+        author = read.author;
     }
     void addNote(const QString &words)
     {

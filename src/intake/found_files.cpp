@@ -100,9 +100,7 @@ static ComingSong named(const QString &name, const Reading &reading)
 {
     ComingSong song;
     song.name = name;
-    const auto [title, author] = songNameOf(name, reading.namesAre, reading.leaveOutNumbers);
-    song.title = title;
-    song.author = author;
+    song.readName(reading.namesAre, reading.leaveOutNumbers);
     return song;
 }
 

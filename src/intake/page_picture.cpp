@@ -34,7 +34,9 @@ static Result checkHead(QImageReader &reader, const QString &file)
     if (!reader.canRead())
         return noPicture(file, "it is not a picture, or not of a kind that is understood here");
     const QSize size = reader.size();
-    if (!size.isEmpty() && qint64{size.width()} * size.height() > mostPixels)
+    if (size.isEmpty() && reader.supportsOption(QImageIOHandler::Size))
+        return noPicture(file, "it is broken");
+    if (qint64{size.width()} * size.height() > mostPixels)
         return noPicture(file,
                          QStringLiteral("it has %1 by %2 pixels, more than a page may have")
                              .arg(size.width())
