@@ -1,6 +1,7 @@
 #include "archive/archive_file.h"
 #include "archive/archive_table.h"
 #include "format/code_page.h"
+#include "support/table.h"
 #include "support/test_folder.h"
 
 #include <QFile>
@@ -28,42 +29,43 @@ static ArchiveReading readingOf(const QByteArray &file)
     return loadArchive();
 }
 
+using Written = std::tuple<QByteArray, int, bool>; // a file, its irregular record, whether its end is missing
+using Unviewable = std::pair<QStringList, QList<int>>; // records, and those that stop the viewer
+using Refused = std::tuple<QByteArray, Kind, QString>; // null: a link that leads nowhere
+
 class ArchiveFileTest : public QObject
 {
     Q_OBJECT
 private slots:
     void readArchive_countsByItsRule_data()
     {
-        QTest::addColumn<int>("tokens");
-        QTest::addColumn<int>("own"); // records of one's own archive; -1 where it is not read
-        QTest::addColumn<int>("other"); // of another stand's
-        const int rows[][3] = {{0, -1, -1},
-                               {1, -1, 0},
-                               {2, 0, 0},
-                               {7, 0, 0},
-                               {8, -1, 0},
-                               {10, -1, 0},
-                               {11, 1, 0},
-                               {16, 1, 1},
-                               {17, -1, 1},
-                               {22, 2, 2},
-                               {27, 2, 2},
-                               {28, -1, 2},
-                               {99'992, 9999, 9999},
-                               {99'996, 9999, 9999},
-                               {100'002, -1, 10'000},
-                               {100'011, -1, 10'000},
-                               {100'012, -1, -1},
-                               {100'100, -1, -1}};
-        for (const auto &[tokens, own, other] : rows)
-            QTest::addRow("%d tokens", tokens) << tokens << own << other;
+        // So many tokens are so many records of one's own archive, and of another stand's; -1: not read.
+        QTest::addColumn<std::array<int, 3>>("row");
+        const std::array<int, 3> rows[] = {{0, -1, -1},
+                                           {1, -1, 0},
+                                           {2, 0, 0},
+                                           {7, 0, 0},
+                                           {8, -1, 0},
+                                           {10, -1, 0},
+                                           {11, 1, 0},
+                                           {16, 1, 1},
+                                           {17, -1, 1},
+                                           {22, 2, 2},
+                                           {27, 2, 2},
+                                           {28, -1, 2},
+                                           {99'992, 9999, 9999},
+                                           {99'996, 9999, 9999},
+                                           {100'002, -1, 10'000},
+                                           {100'011, -1, 10'000},
+                                           {100'012, -1, -1},
+                                           {100'100, -1, -1}};
+        for (const auto &row : rows)
+            QTest::addRow("%d tokens", row[0]) << row;
     }
 
     void readArchive_countsByItsRule()
     {
-        QFETCH(int, tokens);
-        QFETCH(int, own);
-        QFETCH(int, other);
+        const auto [tokens, own, other] = tableRow<std::array<int, 3>>();
         const QByteArray file =
             QByteArray("];\r\n").repeated(qMin(tokens, 2)) + QByteArray("\r\n").repeated(tokens - 2);
         for (const auto &[rule, count] : {std::pair(ownArchive, own), {otherArchive, other}}) {
@@ -75,28 +77,23 @@ private slots:
 
     void readArchive_tellsWhatIsNotAsWritten_data()
     {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<int>("irregular");
-        QTest::addColumn<bool>("endMissing");
-        const QByteArray whole = archiveOf(threeRecords), end = " ];\r\n";
+        const QByteArray whole = archiveOf(threeRecords);
         const auto with = [&](const char *before, const char *after) {
             return QByteArray(whole).replace(before, after);
         };
-        QTest::addRow("as written") << whole << 0 << false;
-        QTest::addRow("blank lines behind it") << whole + "\r\n\n" << 0 << false;
-        QTest::addRow("other line ends") << with("\r\n", "\n") << 0 << false;
-        QTest::addRow("no closing line") << whole.chopped(5) << 0 << true;
-        QTest::addRow("another closing line") << with(" ];", "]") << 0 << true;
-        QTest::addRow("more behind it") << whole + "x,y" << 0 << true;
-        QTest::addRow("more behind a field") << with("\"3\",\r\n", "\"3\",x\r\n") << 2 << false;
-        QTest::addRow("a field without quotes") << with("\"33\"", "33") << 0 << false;
+        tableOf<Written>({{"as written", {whole, 0, false}},
+                          {"blank lines behind it", {whole + "\r\n\n", 0, false}},
+                          {"other line ends", {with("\r\n", "\n"), 0, false}},
+                          {"no closing line", {whole.chopped(5), 0, true}},
+                          {"another closing line", {with(" ];", "]"), 0, true}},
+                          {"more behind it", {whole + "x,y", 0, true}},
+                          {"more behind a field", {with("\"3\",\r\n", "\"3\",x\r\n"), 2, false}},
+                          {"a field without quotes", {with("\"33\"", "33"), 0, false}}});
     }
 
     void readArchive_tellsWhatIsNotAsWritten()
     {
-        QFETCH(QByteArray, file);
-        QFETCH(int, irregular);
-        QFETCH(bool, endMissing);
+        const auto [file, irregular, endMissing] = tableRow<Written>();
         const ArchiveTable table = readArchive(file, ownArchive);
         QCOMPARE(table.count(), 3);
         QCOMPARE(table.irregularRecord, irregular);
@@ -108,36 +105,32 @@ private slots:
 
     void unviewableRecords_areThoseThatStopTheViewer_data()
     {
-        QTest::addColumn<QStringList>("records");
-        QTest::addColumn<QList<int>>("unviewable");
-        QTest::addRow("none") << QStringList{"AC/DC|b|c|1", "'|,|x|2"} << QList<int>();
-        QTest::addRow("title") << QStringList{"a|b|c|1", "AC\\DC|b|c|2"} << QList<int>{2};
-        QTest::addRow("author") << QStringList{"a|b\r\nb|c|1", "a|b|c|2"} << QList<int>{1};
-        QTest::addRow("tags") << QStringList{"a|b|c\n|1", "a|b|\r|2"} << QList<int>{1, 2};
-        QTest::addRow("category") << QStringList{"a|b|c|\\"} << QList<int>();
+        tableOf<Unviewable>({{"none", {{"AC/DC|b|c|1", "'|,|x|2"}, {}}},
+                             {"title", {{"a|b|c|1", "AC\\DC|b|c|2"}, {2}}},
+                             {"author", {{"a|b\r\nb|c|1", "a|b|c|2"}, {1}}},
+                             {"tags", {{"a|b|c\n|1", "a|b|\r|2"}, {1, 2}}},
+                             {"category", {{"a|b|c|\\"}, {}}}});
     }
 
     void unviewableRecords_areThoseThatStopTheViewer()
     {
-        QFETCH(QStringList, records);
-        QFETCH(QList<int>, unviewable);
+        const auto [records, unviewable] = tableRow<Unviewable>();
         const TestFolder folder;
         QCOMPARE(readingOf(archiveOf(records)).unviewable, unviewable);
     }
 
     void roundTrip_isByteIdentical_data()
     {
-        QTest::addColumn<QStringList>("records");
         const QString any = fromCodePage(everyByte()).remove('|');
-        QTest::addRow("three records") << threeRecords;
-        QTest::addRow("none") << QStringList();
-        QTest::addRow("as many as there can be") << QStringList(9999, "Title|Author|tags|1");
-        QTest::addRow("every byte in every field") << QStringList(any + "|" + any + "|" + any + "|7");
+        tableOf<QStringList>({{"three records", threeRecords},
+                              {"none", {}},
+                              {"as many as there can be", QStringList(9999, "Title|Author|tags|1")},
+                              {"every byte in every field", {any + "|" + any + "|" + any + "|7"}}});
     }
 
     void roundTrip_isByteIdentical()
     {
-        QFETCH(QStringList, records);
+        const auto records = tableRow<QStringList>();
         const TestFolder folder;
         QVERIFY(readingOf(archiveOf(records)).result.ok());
         QCOMPARE(recordsInMemory(), records);
@@ -195,27 +188,20 @@ private slots:
 
     void anArchiveThatIsNotRead_isNotWritten_data()
     {
-        QTest::addColumn<QByteArray>("file"); // null: a link that leads nowhere
-        QTest::addColumn<Kind>("kind");
-        QTest::addColumn<QString>("refusal");
-        const QString damaged = "spartiti/archivio.js is damaged and was not read. It is left as it is.";
-        QTest::addRow("empty") << QByteArray("") << Kind::Damaged << damaged;
-        QTest::addRow("cut in its first record")
-            << QByteArray("var archivio = [\r\n\"1\",\r\n") << Kind::Damaged << damaged;
-        QTest::addRow("10,000 titles")
-            << archiveOf(QStringList(10'000, "T|||")) << Kind::TooLarge
-            << "spartiti/archivio.js holds 10000 titles instead of 9999 at most and was not "
-               "read. It is left as it is.";
-        QTest::addRow("out of reach") << QByteArray() << Kind::Unreadable
-                                      << "spartiti/archivio.js cannot be read (Too many levels of symbolic "
-                                         "links). It is left as it is.";
+        const QString damaged = "is damaged and was not read.";
+        tableOf<Refused>({{"empty", {"", Kind::Damaged, damaged}},
+                          {"cut", {"var archivio = [\r\n\"1\",\r\n", Kind::Damaged, damaged}},
+                          {"10,000 titles",
+                           {archiveOf(QStringList(10'000, "T|||")), Kind::TooLarge,
+                            "holds 10000 titles instead of 9999 at most and was not read."}},
+                          {"out of reach",
+                           {{}, Kind::Unreadable, "cannot be read (Too many levels of symbolic links)."}}});
     }
 
     void anArchiveThatIsNotRead_isNotWritten()
     {
-        QFETCH(QByteArray, file);
-        QFETCH(Kind, kind);
-        QFETCH(QString, refusal);
+        const auto [file, kind, reason] = tableRow<Refused>();
+        const QString refusal = "spartiti/archivio.js " + reason + " It is left as it is.";
         const TestFolder folder;
         QVERIFY(readingOf(archiveOf({"before|||1"})).result.ok());
         if (file.isNull())

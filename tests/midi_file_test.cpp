@@ -2,6 +2,7 @@
 #include "files/data_folder.h"
 #include "format/code_page.h"
 #include "midi/midi_save.h"
+#include "support/table.h"
 #include "support/test_folder.h"
 
 #include <QSet>
@@ -32,6 +33,8 @@ static QSet<QByteArray> textsOf(QByteArray bytes)
     const QList<QByteArray> texts = bytes.split(',');
     return {texts.begin(), texts.end()};
 }
+
+using Damaged = std::pair<QByteArray, int>; // a file and its first bad line
 
 class MidiFileTest : public QObject
 {
@@ -72,38 +75,33 @@ private slots:
 
     void damagedFile_isToldWithItsLine_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("line");
         const QByteArray two = block("1", "1,2,3") + block("2", "1,2,3");
-        const auto row = [](const char *name, const QByteArray &bytes, int line) {
-            QTest::addRow("%s", name) << bytes << line;
-        };
         const auto with = [&](int line, const char *text) {
             QByteArrayList lines = fileOf("midi", two).split('\n');
             lines[line - 1] = text + QByteArray("\r");
             return lines.join('\n');
         };
-        row("empty", {}, 1);
-        row("a line too many", fileOf("midi", two + linesOf("1,2,3")), 36);
-        row("cut behind a line too many", fileOf("midi", two + linesOf("1,2,3")).chopped(5), 36);
-        row("a line too few", QByteArray(fileOf("midi", two)).replace("\"2\",\r\n", ""), 19);
-        row("cut behind the last comma", fileOf("midi", two).chopped(7), 35);
-        row("cut inside a block", fileOf("midi", two).chopped(20), 34);
-        row("script behind the end", fileOf("midi", two) + "x = 1\r\n", 37);
-        row("two ends", fileOf("midi", two) + " ];\r\n", 37);
-        row("number is a word", fileOf("midi", block("1", ",,") + block("one", ",,")), 19);
-        row("no comma", with(5, "\"1,2,3\""), 5);
-        row("no last quote", with(5, "\"1,2,3,"), 5);
-        row("quote inside a text", with(5, "x\"1\","), 5);
-        row("two texts in a line", with(5, "\"1,2,3\",\"4,5,6\","), 5);
-        row("blank line", with(5, "\r\n\"1,2,3\","), 5);
-        row("no first line", two + " ];\r\n", 1);
+        tableOf<Damaged>(
+            {{"empty", {{}, 1}},
+             {"a line too many", {fileOf("midi", two + linesOf("1,2,3")), 36}},
+             {"cut behind a line too many", {fileOf("midi", two + linesOf("1,2,3")).chopped(5), 36}},
+             {"a line too few", {QByteArray(fileOf("midi", two)).replace("\"2\",\r\n", ""), 19}},
+             {"cut behind the last comma", {fileOf("midi", two).chopped(7), 35}},
+             {"cut inside a block", {fileOf("midi", two).chopped(20), 34}},
+             {"script behind the end", {fileOf("midi", two) + "x = 1\r\n", 37}},
+             {"two ends", {fileOf("midi", two) + " ];\r\n", 37}},
+             {"number is a word", {fileOf("midi", block("1", ",,") + block("one", ",,")), 19}},
+             {"no comma", {with(5, "\"1,2,3\""), 5}},
+             {"no last quote", {with(5, "\"1,2,3,"), 5}},
+             {"quote inside a text", {with(5, "x\"1\","), 5}},
+             {"two texts in a line", {with(5, "\"1,2,3\",\"4,5,6\","), 5}},
+             {"blank line", {with(5, "\r\n\"1,2,3\","), 5}},
+             {"no first line", {two + " ];\r\n", 1}}});
     }
 
     void damagedFile_isToldWithItsLine()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, line);
+        const auto [bytes, line] = tableRow<Damaged>();
         const TestFolder folder;
         put(midiPath(), bytes);
         MidiTable table;

@@ -89,7 +89,8 @@ private slots:
             {whole, bad, "The settings were not saved. ", bad},
         };
         for (const auto &[opened, meanwhile, told, after] : rows) {
-            const Program program;
+            Program program;
+            program.answers = {enterKey, enterKey};
             put(midiPath(), opened);
             chooseMenu("midi");
             type(window, "PC(1)", "9");

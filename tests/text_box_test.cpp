@@ -1,4 +1,5 @@
 #include "controls/text_box.h"
+#include "support/table.h"
 #include "support/windows.h"
 
 #include <QAction>
@@ -54,50 +55,43 @@ static void enter(TextBox &box, const QString &way, const QString &text)
     }
 }
 
+using Typed = std::tuple<QString, QString, QString>; // typed, what is taken of it, what the tip names
+
 class TextBoxTest : public WindowTest
 {
     Q_OBJECT
 private slots:
     void typedText_isWhatFilesCarry_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("taken");
-        QTest::addColumn<QString>("leftOut");
-        const std::tuple<const char *, QString, QString, QString> rows[] = {
-            {"quotes", " \"Für Elise, €\"", " 'Für Elise, €'", {}},
-            {"breaks and blanks", "a\\b\r\nc\nd\te\u2009f", "a/b c d e f", {}},
-            {"letters", "e\u0300, Dvořák, ő Łódź", "è, Dvorák, o Lódz", {}},
-            {"accents", "x\u030C \u0301", "x ", {}},
-            {"a point within", "Paraŀlel", "Parallel", {}},
-            {"where pieces meet", QString(255, u'x') + "e\u0301", QString(255, u'x') + "é", {}},
-            {"a sign where pieces meet", QString(255, u'x') + "😀", QString(255, u'x'), "😀"},
-            {"signs", "a→b😀→\u200B", "ab", "→ 😀 U+200B"},
-            {"markup", "<b>☃</b>", "<b></b>", "☃"},
-            {"eleven", "→←↑↓↔↕↖↗↘↙↚", {}, "→ ← ↑ ↓ ↔ ↕ ↖ ↗ ↘ ↙ …"},
-            {"half a sign", QString(QChar(0xD83D)), {}, "\uFFFD"},
-        };
-        for (const auto &[name, typed, taken, leftOut] : rows)
-            QTest::addRow("%s", name) << typed << taken << leftOut;
+        tableOf<Typed>({{"quotes", {" \"Für Elise, €\"", " 'Für Elise, €'", {}}},
+                        {"breaks and blanks", {"a\\b\r\nc\nd\te\u2009f", "a/b c d e f", {}}},
+                        {"letters", {"e\u0300, Dvořák, ő Łódź", "è, Dvorák, o Lódz", {}}},
+                        {"accents", {"x\u030C \u0301", "x ", {}}},
+                        {"a point within", {"Paraŀlel", "Parallel", {}}},
+                        {"where pieces meet", {QString(255, u'x') + "e\u0301", QString(255, u'x') + "é", {}}},
+                        {"a sign where pieces meet", {QString(255, u'x') + "😀", QString(255, u'x'), "😀"}},
+                        {"signs", {"a→b😀→\u200B", "ab", "→ 😀 U+200B"}},
+                        {"markup", {"<b>☃</b>", "<b></b>", "☃"}},
+                        {"eleven", {"→←↑↓↔↕↖↗↘↙↚", {}, "→ ← ↑ ↓ ↔ ↕ ↖ ↗ ↘ ↙ …"}},
+                        {"half a sign", {QString(QChar(0xD83D)), {}, "\uFFFD"}}});
     }
 
     void typedText_isWhatFilesCarry()
     {
-        QFETCH(QString, typed);
+        const auto [typed, taken, leftOut] = tableRow<Typed>();
         const TypedText carried = carriedByFiles(typed);
-        QTEST(carried.text, "taken");
-        QTEST(carried.leftOut.join(' '), "leftOut");
+        QCOMPARE(carried.text, taken);
+        QCOMPARE(carried.leftOut.join(' '), leftOut);
     }
 
     void textBox_takesTheSameByEveryWay_data()
     {
-        QTest::addColumn<QString>("way");
-        for (const char *way : {"keys", "input method", "paste", "Shift+Insert", "menu", "drop"})
-            QTest::addRow("%s", way) << QString(way);
+        rowsOf({"keys", "input method", "paste", "Shift+Insert", "menu", "drop"});
     }
 
     void textBox_takesTheSameByEveryWay()
     {
-        QFETCH(QString, way);
+        const QString way = QTest::currentDataTag();
         TextBox box(nullptr);
         box.show();
         box.setText("a\\b");
@@ -117,16 +111,11 @@ private slots:
         QToolTip::hideText();
     }
 
-    void textBox_composesAnAccentWithItsLetter_data()
-    {
-        QTest::addColumn<QString>("way");
-        for (const char *way : {"keys", "input method", "paste"})
-            QTest::addRow("%s", way) << QString(way);
-    }
+    void textBox_composesAnAccentWithItsLetter_data() { rowsOf({"keys", "input method", "paste"}); }
 
     void textBox_composesAnAccentWithItsLetter()
     {
-        QFETCH(QString, way);
+        const QString way = QTest::currentDataTag();
         TextBox box(nullptr);
         box.setText("[]");
         box.setCursorPosition(1);

@@ -197,8 +197,8 @@ MidiSaving midifrm::save()
 {
     MidiSaving saving = saveMidi(table_, midiRecord_, boxes());
     while (saving.outcome == Outcome::SongChanged
-           && askYesNo("Another program has changed this song's settings in spartiti/midi.js. Do you want to "
-                       "replace them by what this window shows?")) {
+           && askBeforeLoss("Another program has changed this song's settings in spartiti/midi.js. Do you "
+                            "want to replace them by what this window shows?")) {
         table_ = std::move(saving.onDisk);
         saving = saveMidi(table_, midiRecord_, boxes());
     }

@@ -13,6 +13,14 @@ template <typename Row> void tableOf(std::initializer_list<std::pair<const char 
         QTest::newRow(name) << row;
 }
 
+// Rows that are told by their names alone.
+inline void rowsOf(std::initializer_list<const char *> names)
+{
+    QTest::addColumn<bool>("row");
+    for (const char *name : names)
+        QTest::newRow(name) << true;
+}
+
 // The row that the test is run for.
 template <typename Row> Row tableRow()
 {
