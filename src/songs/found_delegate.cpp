@@ -10,6 +10,8 @@
 #include <QTextLayout>
 #include <QToolTip>
 
+static constexpr QChar ellipsis(0x2026);
+
 FoundDelegate::FoundDelegate(const SongTable &table, QObject *parent)
     : QStyledItemDelegate(parent)
     , table_(table)
@@ -37,30 +39,48 @@ static QList<QTextLayout::FormatRange> inBold(const QList<TextPart> &parts)
     return ranges;
 }
 
-static void layOut(QTextLayout &layout, const QString &text, int width)
+// Lays out one line as wide as the place. Where the text is too long for it, the line leaves room for the
+// ellipsis, which stands in a cell without bold parts too, and the result is true.
+static bool layOut(QTextLayout &layout, Qt::Alignment alignment, int width)
 {
-    layout.setText(text);
+    QTextOption option(alignment);
+    option.setWrapMode(QTextOption::WrapAnywhere);
+    layout.setTextOption(option);
     layout.beginLayout();
-    layout.createLine().setLineWidth(width);
+    QTextLine line = layout.createLine();
+    line.setLineWidth(width);
+    const bool isTooLong = line.textLength() < layout.text().size();
+    if (isTooLong)
+        line.setLineWidth(width - QFontMetricsF(layout.font()).horizontalAdvance(ellipsis));
     layout.endLayout();
+    return isTooLong;
 }
 
-// What is cut off shows an ellipsis, as in a cell without bold parts.
 static void drawMarked(QPainter *painter, const QStyleOptionViewItem &cell, const QRect &place,
                        const QString &text, const QList<TextPart> &parts)
 {
-    QTextLayout layout(QString(), cell.font);
-    QTextOption option(cell.displayAlignment);
-    option.setWrapMode(QTextOption::NoWrap);
-    layout.setTextOption(option);
+    QTextLayout layout(text, cell.font);
     layout.setFormats(inBold(parts));
-    layOut(layout, text, place.width());
-    if (layout.lineAt(0).naturalTextWidth() > place.width())
-        layOut(layout, cell.fontMetrics.elidedText(text, Qt::ElideRight, place.width()), place.width());
+    const bool isTooLong = layOut(layout, cell.displayAlignment, place.width());
+    const QTextLine line = layout.lineAt(0);
     const bool isSelected = cell.state.testFlag(QStyle::State_Selected);
     painter->setPen(cell.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
-    const double top = place.top() + (place.height() - layout.lineAt(0).height()) / 2;
-    layout.draw(painter, QPointF(place.left(), top), {}, place);
+    const QPointF at(place.left(), place.top() + (place.height() - line.height()) / 2);
+    layout.draw(painter, at);
+    if (!isTooLong)
+        return;
+    painter->setFont(cell.font);
+    painter->drawText(at + QPointF(line.naturalTextWidth(), line.ascent()), QString(ellipsis));
+}
+
+// All of a cell but its text. Only one that has the focus is more than its ground.
+static void paintEmpty(QPainter *painter, QStyleOptionViewItem &cell, const QStyle &style)
+{
+    cell.text.clear();
+    if (cell.state.testFlag(QStyle::State_HasFocus))
+        style.drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
+    else
+        style.drawPrimitive(QStyle::PE_PanelItemViewItem, &cell, painter, cell.widget);
 }
 
 void FoundDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -73,12 +93,13 @@ void FoundDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     const QList<TextPart> parts =
         query.isEmpty() || text.isEmpty() ? QList<TextPart>() : partsToMark(index, text, query);
     const QStyle *style = cell.widget->style();
-    if (!parts.isEmpty())
-        cell.text.clear();
-    style->drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
+    if (parts.isEmpty()) {
+        style->drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
+        return;
+    }
+    paintEmpty(painter, cell, *style);
     const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, cell.widget) + 1;
-    if (!parts.isEmpty())
-        drawMarked(painter, cell, cell.rect.adjusted(margin, 0, -margin, 0), text, parts);
+    drawMarked(painter, cell, cell.rect.adjusted(margin, 0, -margin, 0), text, parts);
 }
 
 QWidget *FoundDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,

@@ -126,13 +126,19 @@ static bool accentsAgree(const Folded &text, const Folded &word, qsizetype place
     return true;
 }
 
-// The next place of the word from `from` on; -1 if there is none.
+// The next place of the word from `from` on; -1 if there is none. In texts as short as these, looking for its
+// first letter is faster than whatever prepares itself for the whole word.
 static qsizetype placeOf(const Folded &text, const Folded &word, qsizetype from)
 {
-    qsizetype place = text.bare.indexOf(word.bare, from);
-    while (place >= 0 && !accentsAgree(text, word, place))
-        place = text.bare.indexOf(word.bare, place + 1);
-    return place;
+    const qsizetype last = text.bare.size() - word.bare.size();
+    const auto isAt = [&](qsizetype place) {
+        return std::equal(word.bare.begin(), word.bare.end(), text.bare.begin() + place)
+            && accentsAgree(text, word, place);
+    };
+    qsizetype place = text.bare.indexOf(word.bare[0], from);
+    while (place >= 0 && place <= last && !isAt(place))
+        place = text.bare.indexOf(word.bare[0], place + 1);
+    return place <= last ? place : -1;
 }
 
 bool occursIn(const Folded &text, const Folded &word)
