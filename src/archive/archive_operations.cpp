@@ -11,6 +11,12 @@ static bool holdsText(const Module1State &state, size_t n)
     return !state.recTitle[n].isEmpty() || !state.recAuthor[n].isEmpty() || !state.recTags[n].isEmpty();
 }
 
+bool hasTextBehindLast()
+{
+    return Module1.recCount < Module1State::lastRecord
+        && holdsText(Module1, static_cast<size_t>(Module1.recCount) + 1);
+}
+
 bool hasUnsavedChanges()
 {
     if (Module1.archiveChanged)

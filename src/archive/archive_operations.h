@@ -8,6 +8,9 @@
 // last record is no record yet, but it is somebody's work, and counts.
 bool hasUnsavedChanges();
 
+// Whether something was typed behind the last record, where the next new song comes.
+bool hasTextBehindLast();
+
 // Whether the file holds something else than `known`, which then becomes what it holds. False where it
 // cannot be read.
 bool isArchiveOtherThan(QByteArray &known);

@@ -1,5 +1,6 @@
 #include "controls/file_drop.h"
 
+#include <QApplication>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QUrl>
@@ -28,7 +29,8 @@ bool FileDrop::eventFilter(QObject *, QEvent *event)
     if (!isDrop && event->type() != QEvent::DragEnter && event->type() != QEvent::DragMove)
         return false;
     auto *drag = static_cast<QDropEvent *>(event);
-    const QStringList paths = localPaths(drag->mimeData());
+    const bool isBlocked = QApplication::activeModalWidget() != nullptr;
+    const QStringList paths = isBlocked ? QStringList() : localPaths(drag->mimeData());
     drag->setDropAction(Qt::CopyAction); // after a move the other program would delete them
     drag->setAccepted(!paths.isEmpty());
     if (isDrop && !paths.isEmpty())

@@ -5,6 +5,9 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
 
 namespace
 {
@@ -77,6 +80,38 @@ FoundFiles findFiles(const QStringList &paths, const Progress &progress)
     for (FoundFolder &folder : finder.found.folders)
         folder.names.removeDuplicates();
     return finder.found;
+}
+
+FoundFiles filesBeside(const FoundFiles &known, const FoundFiles &found)
+{
+    QHash<QString, QSet<QString>> names;
+    for (const FoundFolder &folder : known.folders)
+        names[folder.path].unite({folder.names.begin(), folder.names.end()});
+    FoundFiles rest{{}, 0, found.others, found.isCancelled};
+    for (const FoundFolder &folder : found.folders) {
+        FoundFolder those{folder.path, folder.names};
+        those.names.removeIf([&](const QString &name) { return names[folder.path].contains(name); });
+        rest.count += static_cast<int>(those.names.size());
+        if (!those.names.isEmpty())
+            rest.folders += those;
+    }
+    return rest;
+}
+
+FoundFiles filesTogether(const FoundFiles &known, const FoundFiles &added)
+{
+    FoundFiles all = known;
+    for (const FoundFolder &folder : added.folders) {
+        const auto same = std::find_if(all.folders.begin(), all.folders.end(),
+                                       [&](const FoundFolder &each) { return each.path == folder.path; });
+        if (same == all.folders.end())
+            all.folders += folder;
+        else
+            same->names += folder.names;
+    }
+    all.count += added.count;
+    all.others += added.others;
+    return all;
 }
 
 QStringList pdfsIn(const FoundFiles &files)

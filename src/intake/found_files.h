@@ -34,6 +34,10 @@ struct FoundFiles {
 // there, hidden files are passed over.
 FoundFiles findFiles(const QStringList &paths, const Progress &progress = {});
 
+// Those of `found` that are not among `known`; `others` stays.
+FoundFiles filesBeside(const FoundFiles &known, const FoundFiles &found);
+FoundFiles filesTogether(const FoundFiles &known, const FoundFiles &added);
+
 QStringList pdfsIn(const FoundFiles &files);
 
 // One song for each that the files' names tell; `pdfs` tells of pdfsIn(). Known ones are noted and not

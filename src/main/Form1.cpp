@@ -1,19 +1,23 @@
 #include "main/Form1.h"
 
 #include "archive/archive_operations.h"
+#include "controls/file_drop.h"
 #include "controls/image_frame.h"
 #include "controls/recording_mark.h"
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
 #include "files/data_folder.h"
 #include "files/platform.h"
+#include "window/message_box.h"
 
 #include <QCoreApplication>
+#include <QDesktopServices>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLayout>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QUrl>
 #include <QWheelEvent>
 
 Form1::Form1(Doors doors, Edits &edits, UndoActions undoing, QList<Menu> menus)
@@ -45,9 +49,10 @@ void Form1::build(ControlMaker make)
     makeFields(make);
     makePages(make);
     makeButtons(make);
+    makeOpenable();
     makeMenus();
-    setTabOrder(
-        {Text2, Command1, Text1, Text3, Text4, Command3, Command4, VScroll1, Command5, Command2, Command6});
+    setTabOrder({Text2, Command1, Text1, Text3, Text4, Command3, Command4, VScroll1, Command5, Command2,
+                 Command6, Image1, Image2, Picture1});
     connectKeys();
 }
 
@@ -79,6 +84,29 @@ void Form1::makePages(ControlMaker make)
     Image2 = make.image("Image2", "Right page", {5400, 3480, 4935, 4215});
     Command3 = make.button("Command3", "Left", {120, 7800, 4935, 495}, "Enter the left paper");
     Command4 = make.button("Command4", "Right", {5400, 7800, 4935, 495}, "Enter the right paper");
+}
+
+// In the system's own program for such files.
+static void openFile(const QString &path)
+{
+    if (!path.isEmpty()
+        && !QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath())))
+        messageBox("There is no program that opens " + shownPath(path) + '.');
+}
+
+// Pages and recording open by a double click or Enter, and take files that are dropped.
+void Form1::makeOpenable()
+{
+    for (const auto &[frame, page] : {std::pair(Image1, Page::Left), {Image2, Page::Right}}) {
+        frame->setFocusPolicy(Qt::StrongFocus);
+        on(frame, &Openable::opened, [frame = frame] { openFile(frame->path()); });
+        on(new FileDrop(frame), &FileDrop::dropped,
+           [this, page = page](const QStringList &paths) { show_.dropped(paths, page); });
+    }
+    Picture1->setFocusPolicy(Qt::StrongFocus);
+    on(Picture1, &Openable::opened, [] { openFile(recordingPath(Module1.pageRecord)); });
+    on(new FileDrop(window()), &FileDrop::dropped,
+       [this](const QStringList &paths) { show_.dropped(paths, {}); });
 }
 
 void Form1::makeButtons(ControlMaker make)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "archive/archive_file.h"
+#include "files/data_folder.h"
 #include "songs/edits.h"
 #include "window/form.h"
 
@@ -28,6 +29,8 @@ public:
         std::function<void()> playlistfrm;
         std::function<void()> midifrm;
         std::function<void()> Premerge;
+        // Files were dropped, on that page or beside the pages.
+        std::function<void(const QStringList &paths, std::optional<Page> page)> dropped;
         // The program ends; what is not saved may be wanted back at the next start, or was given up.
         std::function<void(bool wantsUnsaved)> leave;
     };
@@ -61,6 +64,7 @@ protected:
 private:
     void makeFields(ControlMaker make);
     void makePages(ControlMaker make);
+    void makeOpenable();
     void makeButtons(ControlMaker make);
     void makeMenus();
     QMenu *makeMenu(const QString &title);

@@ -2,7 +2,9 @@
 
 #include "archive/archive_operations.h"
 #include "audio/categories_file.h"
+#include "audio/recording.h"
 #include "files/data_folder.h"
+#include "intake/dropped_file.h"
 #include "window/message_box.h"
 
 #include <QAction>
@@ -38,6 +40,7 @@ Rooms::~Rooms()
     delete versionsWindow_;
     delete songs_;
     delete categories_;
+    delete intake_;
     delete check_;
 }
 
@@ -49,6 +52,7 @@ Form1::Doors Rooms::doors()
             [this] { playlistfrm_.show(); },
             [this] { midifrm_.show(); },
             [this] { Premerge_.show(); },
+            [this](const QStringList &paths, std::optional<Page> page) { dropped(paths, page); },
             [this](bool wantsUnsaved) { leave(wantsUnsaved); }};
 }
 
@@ -58,7 +62,8 @@ QList<Form1::Menu> Rooms::menus()
     return {
         {"Edit", {undoing_.undo, undoing_.redo, nullptr, find}},
         {"Archive",
-         {entry("Categories…", &Rooms::openCategories), nullptr,
+         {entry("Bring in songs…", &Rooms::openIntake, QKeySequence("Ctrl+I")),
+          entry("Categories…", &Rooms::openCategories), nullptr,
           entry("Earlier versions…", &Rooms::openVersions), entry("Check the archive…", &Rooms::openCheck)}}};
 }
 
@@ -112,6 +117,37 @@ void Rooms::storedRecording(int record, int category)
         history->stored("recording", Module1.pageRecord,
                         {"audio/" + QFileInfo(recordingPath(Module1.pageRecord)).fileName()});
     edits.stack().endMacro();
+}
+
+IntakeWindow *Rooms::intake()
+{
+    return showTheOne(intake_, [this] { return new IntakeWindow([this](int n) { form1.reload(n); }); });
+}
+
+void Rooms::openIntake()
+{
+    intake();
+}
+
+void Rooms::dropped(const QStringList &paths, std::optional<Page> page)
+{
+    const int record = Module1.pageRecord;
+    const Dropped meaning = meaningOf(paths, page, record);
+    if (meaning == Dropped::Songs)
+        return intake()->addPaths(paths);
+    const bool isPage = meaning == Dropped::Page;
+    const Result stored =
+        isPage ? storeDroppedPage(record, *page, paths[0]) : storeRecording(record, paths[0]);
+    if (!stored.ok())
+        return messageBox(QStringLiteral("The %1 of title %2 was not stored; it is as it was before.\n")
+                              .arg(isPage ? "page" : "recording")
+                              .arg(record)
+                          + stored.text());
+    if (isPage)
+        storedPages(record, {*page});
+    else if (history)
+        history->stored("recording", record, {"audio/" + QFileInfo(recordingPath(record)).fileName()});
+    form1.showSong(record);
 }
 
 static bool mayForgetUnsaved()

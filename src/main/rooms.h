@@ -4,6 +4,7 @@
 #include "audio/mp3.h"
 #include "history/earlier_versions.h"
 #include "history/history.h"
+#include "intake/intake_window.h"
 #include "main/Form1.h"
 #include "merge/Premerge.h"
 #include "merge/merging.h"
@@ -49,6 +50,9 @@ private:
     void storedRecording(int record, int category);
     void leave(bool wantsUnsaved);
     Form1::Doors doors();
+    void dropped(const QStringList &paths, std::optional<Page> page);
+    void openIntake();
+    IntakeWindow *intake();
     void findSong();
     void openCategories();
     void namesChanged();
@@ -62,6 +66,7 @@ private:
     QPointer<EarlierVersions> versionsWindow_;
     QPointer<SongsWindow> songs_;
     QPointer<CategoriesWindow> categories_;
+    QPointer<IntakeWindow> intake_;
     QPointer<CheckWindow> check_;
 
 public:

@@ -1,0 +1,132 @@
+#include "archive/archive_operations.h"
+#include "controls/text_box.h"
+#include "intake/bring_in.h"
+#include "intake/coming_view.h"
+#include "intake/intake_window.h"
+#include "intake/page_picture.h"
+#include "text/counting.h"
+#include "window/message_box.h"
+#include "window/progress.h"
+#include "window/report_box.h"
+
+#include <QCheckBox>
+#include <QMenu>
+
+// What the window "Bring in songs" does with the rows: its context menu, and bringing them in.
+
+void IntakeWindow::openMenu(const QPoint &placeOnScreen)
+{
+    const QList<int> rows = view_->chosenRows();
+    const QModelIndexList pages = chosenPages();
+    const QModelIndex current = view_->currentIndex();
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setAccessibleName("Chosen songs");
+    const auto add = [&](const QString &text, bool isPossible, const std::function<void()> &act) {
+        menu->addAction(text, this, act)->setEnabled(isPossible);
+    };
+    add("Exchange pages", !rows.isEmpty(), [=, this] { table_.exchangePages(rows); });
+    add("New song begins here", current.isValid() && table_.canBeginSongAt(current),
+        [=, this] { table_.beginSongAt(current); });
+    add("Join with the one above", table_.canJoin(rows), [=, this] { table_.join(rows); });
+    add("Turn", !pages.isEmpty(), [=, this] { table_.turn(pages); });
+    add("Halve", table_.canHalve(rows), [=, this] { table_.halve(rows); });
+    menu->addSeparator();
+    add("Tick", !rows.isEmpty(), [=, this] { table_.setTicked(rows, true); });
+    add("Take the tick away", !rows.isEmpty(), [=, this] { table_.setTicked(rows, false); });
+    menu->popup(placeOnScreen);
+}
+
+// What the head of a picture tells; a PDF was looked at when it was added.
+static QString troubleOf(const ComingPage &page)
+{
+    if (page.pdfPage > 0)
+        return page.dpi > 0 ? QString() : QStringLiteral("it has no pages");
+    const Result checked = page.exists() ? checkPicture(page.file) : Result{};
+    return checked.ok() ? QString() : page.file.section(u'/', -1) + ": " + checked.reason;
+}
+
+// True if the rest is to be brought in.
+bool IntakeWindow::untickWhatCannotCome()
+{
+    int bad = 0;
+    const Progress progress = progressBox("Looking at the scans");
+    for (int row = 0; row < table_.rowCount(); row += 1) {
+        if (!table_.songs()[row].isTicked)
+            continue;
+        if (!progress(row, table_.rowCount()))
+            return false;
+        QStringList troubles;
+        for (const ComingPage &page : table_.songs()[row].pages())
+            troubles += troubleOf(page);
+        troubles.removeAll(QString());
+        if (troubles.isEmpty())
+            continue;
+        table_.addNote(row, troubles.join("; "), true);
+        bad += 1;
+    }
+    if (bad == 0)
+        return true;
+    const QString text = counted(bad, "song has", "songs have")
+        + " pages that cannot be made. The table tells which, and they are no longer ticked.";
+    if (table_.tickedCount() > 0)
+        return askYesNo(text + " Bring in the other " + counted(table_.tickedCount(), "song") + '?');
+    messageBox(text);
+    return false;
+}
+
+void IntakeWindow::bringInTicked()
+{
+    const QString nothing = "Nothing was brought in; the archive is as it was before.";
+    const QString playlist = makePlaylist_->isChecked() ? playlist_->text() : QString();
+    Result possible = checkBringIn(table_.tickedCount());
+    if (possible.ok() && makePlaylist_->isChecked())
+        possible = checkNewPlaylist(playlist);
+    if (!possible.ok())
+        return messageBox(nothing + '\n' + possible.text());
+    setWorking(true);
+    images_.setPaused(true);
+    BringInReport report;
+    QList<ComingSong> ticked, others;
+    const bool isWanted = untickWhatCannotCome()
+        && (!hasTextBehindLast()
+            || askBeforeLoss(
+                "What was typed behind the last song is not added yet, and would give way to the new "
+                "songs. Bring them in all the same?"));
+    for (const ComingSong &song : table_.songs())
+        (song.isTicked ? ticked : others) += song;
+    if (isWanted)
+        report = bringIn(ticked, playlist, progressBox("Bringing in " + counted(ticked.size(), "song")));
+    images_.setPaused(false);
+    setWorking(false);
+    if (!isWanted)
+        return;
+    if (!report.result.ok()) {
+        const bool isCancelled = report.result.kind == Result::Kind::Cancelled;
+        return messageBox(isCancelled ? nothing : nothing + '\n' + report.result.text());
+    }
+    table_.keepOnly(others);
+    QStringList troubles = troublesOf(report);
+    if (!report.playlist.ok())
+        troubles += "The playlist was not made.\n" + report.playlist.text();
+    tell(report.count, report.firstSong, report.playlist.ok() ? playlist : QString(), troubles);
+    if (others.isEmpty())
+        close();
+    loadAnew_(report.firstSong);
+}
+
+void IntakeWindow::tell(int count, int firstSong, const QString &playlist, const QStringList &troubles)
+{
+    const int last = firstSong + count - 1;
+    QString text = count == 1 ? QStringLiteral("1 song was brought in, as number %1.").arg(firstSong)
+                              : QStringLiteral("%1 were brought in, as numbers %2 to %3.")
+                                    .arg(counted(count, "song"))
+                                    .arg(firstSong)
+                                    .arg(last);
+    if (!playlist.isEmpty())
+        text += " They make the playlist \"" + playlist + "\".";
+    if (troubles.isEmpty())
+        messageBox(text);
+    else
+        reportBox(text + " Some of it went otherwise than it should:", troubles.join("\n\n"));
+}
