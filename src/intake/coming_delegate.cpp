@@ -6,6 +6,7 @@
 #include "intake/coming_table.h"
 #include "intake/coming_view.h"
 #include "intake/page_images.h"
+#include "look/look.h"
 
 #include <QComboBox>
 #include <QPainter>
@@ -38,6 +39,8 @@ void ComingDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
     QRectF place({}, QSizeF(image.size()) / ratio);
     place.moveCenter(QRectF(cell).center());
     painter->drawImage(place, image);
+    painter->setPen(faceColour); // the edge of white paper
+    painter->drawRect(place.adjusted(-0.5, -0.5, 0.5, 0.5));
 }
 
 static QComboBox *categoryBox(QWidget *parent)

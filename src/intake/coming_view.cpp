@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-static constexpr std::array<int, comingColumns> columnWidths = {24, 56, 56, 80, 170, 110, 80, 80, 200};
+static constexpr std::array<int, comingColumns> columnWidths = {24, 50, 50, 66, 150, 92, 62, 72, 120};
 static constexpr int heightOfRows = 62;
 
 ComingView::ComingView(ComingTable &table, PageImages &images, QWidget *parent)

@@ -46,16 +46,16 @@ static QString troubleOf(const ComingPage &page)
     return checked.ok() ? QString() : page.file.section(u'/', -1) + ": " + checked.reason;
 }
 
-// True if the rest is to be brought in.
-bool IntakeWindow::untickWhatCannotCome()
+// How many songs that is; none where the person stops it.
+std::optional<int> IntakeWindow::untickWhatCannotCome()
 {
-    int bad = 0;
     const Progress progress = progressBox("Looking at the scans");
+    int bad = 0;
     for (int row = 0; row < table_.rowCount(); row += 1) {
         if (!table_.songs()[row].isTicked)
             continue;
         if (!progress(row, table_.rowCount()))
-            return false;
+            return {};
         QStringList troubles;
         for (const ComingPage &page : table_.songs()[row].pages())
             troubles += troubleOf(page);
@@ -65,14 +65,27 @@ bool IntakeWindow::untickWhatCannotCome()
         table_.addNote(row, troubles.join("; "), true);
         bad += 1;
     }
-    if (bad == 0)
-        return true;
-    const QString text = counted(bad, "song has", "songs have")
+    return bad;
+}
+
+// True if the rest is to be brought in.
+bool IntakeWindow::askWhetherToGoOn()
+{
+    const std::optional<int> bad = untickWhatCannotCome();
+    if (!bad)
+        return false;
+    const QString text = counted(*bad, "song has", "songs have")
         + " pages that cannot be made. The table tells which, and they are no longer ticked.";
-    if (table_.tickedCount() > 0)
-        return askYesNo(text + " Bring in the other " + counted(table_.tickedCount(), "song") + '?');
-    messageBox(text);
-    return false;
+    if (*bad > 0 && table_.tickedCount() == 0) {
+        messageBox(text);
+        return false;
+    }
+    if (*bad > 0 && !askYesNo(text + " Bring in the other " + counted(table_.tickedCount(), "song") + '?'))
+        return false;
+    return !hasTextBehindLast()
+        || askBeforeLoss(
+            "What was typed behind the last song is not added yet, and would give way to the new "
+            "songs. Bring them in all the same?");
 }
 
 void IntakeWindow::bringInTicked()
@@ -86,13 +99,9 @@ void IntakeWindow::bringInTicked()
         return messageBox(nothing + '\n' + possible.text());
     setWorking(true);
     images_.setPaused(true);
+    const bool isWanted = askWhetherToGoOn();
     BringInReport report;
     QList<ComingSong> ticked, others;
-    const bool isWanted = untickWhatCannotCome()
-        && (!hasTextBehindLast()
-            || askBeforeLoss(
-                "What was typed behind the last song is not added yet, and would give way to the new "
-                "songs. Bring them in all the same?"));
     for (const ComingSong &song : table_.songs())
         (song.isTicked ? ticked : others) += song;
     if (isWanted)

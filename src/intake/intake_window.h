@@ -5,6 +5,7 @@
 #include "window/layout_window.h"
 
 #include <functional>
+#include <optional>
 
 class ComingView;
 class PageView;
@@ -48,7 +49,8 @@ private:
     void noteOnPage(const ComingPage &page, const QString &words, bool cannotCome);
     void showCounts();
     void showPages();
-    bool untickWhatCannotCome();
+    std::optional<int> untickWhatCannotCome();
+    bool askWhetherToGoOn();
     void bringInTicked();
     void tell(int count, int firstSong, const QString &playlist, const QStringList &troubles);
 

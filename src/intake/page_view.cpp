@@ -1,6 +1,7 @@
 #include "intake/page_view.h"
 
 #include "intake/page_images.h"
+#include "look/look.h"
 
 #include <QPainter>
 
@@ -28,5 +29,8 @@ void PageView::paintEvent(QPaintEvent *)
         return;
     QRectF place({}, QSizeF(image.size()) / devicePixelRatioF());
     place.moveCenter(QRectF(rect()).center());
-    QPainter(this).drawImage(place, image);
+    QPainter painter(this);
+    painter.drawImage(place, image);
+    painter.setPen(faceColour); // the edge of white paper
+    painter.drawRect(place.adjusted(0, 0, -1, -1));
 }
