@@ -88,6 +88,13 @@ static QString keptName(const QString &path)
     return isKept(file) ? file : QString();
 }
 
+static bool isOrdinaryFile(const QString &path)
+{
+    std::error_code failure;
+    return std::filesystem::is_regular_file(
+        std::filesystem::symlink_status(QFileInfo(path).filesystemFilePath(), failure));
+}
+
 // A link would share its bytes with the file that it points to, and that is not ours to keep from changing.
 static bool linkOrCopy(const QFileInfo &file, const QString &to)
 {
@@ -95,8 +102,12 @@ static bool linkOrCopy(const QFileInfo &file, const QString &to)
         std::error_code failure;
         std::filesystem::create_hard_link(file.filesystemFilePath(), QFileInfo(to).filesystemFilePath(),
                                           failure);
-        if (!failure || failure == std::errc::file_exists || failure == std::errc::no_such_file_or_directory)
-            return !failure;
+        if (!failure && isOrdinaryFile(to))
+            return true;
+        if (!failure) // it is a link all the same, and could not be known as one
+            QFile::remove(to);
+        if (failure == std::errc::file_exists || failure == std::errc::no_such_file_or_directory)
+            return false;
     }
     return !QFileInfo::exists(to) && copyFile(file.filePath(), to).ok();
 }

@@ -2,18 +2,28 @@
 // It prints nothing, so that its exit code is the truth whatever is refused to it: 0 done, 1 not done and
 // told so, 2 called wrongly, 3 the left page stored and the empty sheet told not to be; where the archive
 // holds the absorbed songs and pages of theirs are told to be missing or another's, 16 and one bit for each:
-// left and right of the first song, then of the second.
+// left and right of the first song, then of the second; 4 and one bit for each of two pages, left and right,
+// that is told to be still there while the other was taken away.
+// 7 where there was nothing to be done.
+// Where there is a folder "kept", earlier versions and what is typed and not saved are kept in it.
 
 #include "archive/archive_operations.h"
 #include "audio/categories_file.h"
 #include "audio/recording.h"
 #include "files/data_folder.h"
 #include "files/platform.h"
+#include "files/replacement.h"
+#include "files/safe_write.h"
+#include "history/bring_back.h"
+#include "history/recovery.h"
+#include "history/versions.h"
 #include "merge/absorb.h"
 #include "midi/midi_save.h"
 #include "pages/page_files.h"
 #include "playlists/playlist_store.h"
+#include "songs/edits.h"
 
+#include <QCoreApplication>
 #include <QDir>
 
 #include <cstring>
@@ -35,6 +45,8 @@ static int check()
     for (const Result &read :
          {archive.result, readCategories(), readPlaylistFile(playlists), readMidiFile(midi)})
         good &= read.ok() || read.kind == Kind::Missing;
+    for (const QString &name : QDir("kept").entryList({"unsaved-?.json"}))
+        good &= readUnsaved("kept/" + name).has_value();
     for (size_t i = 1; i <= static_cast<size_t>(Module1.recCount); i += 1)
         good &= Module1.recNumber[i] == QString::number(i);
     return good ? 0 : 1;
@@ -137,6 +149,97 @@ static int saveOnePlaylist()
     return savePlaylist(playlists, {name, "3,2,1,#", playlists.storedUnder(name)}).isDone ? 0 : 1;
 }
 
+// Always at the same time, so that a run can be compared with another one.
+static Versions &versions()
+{
+    static Versions kept("kept/versions", [] { return QDateTime({2026, 11, 23}, {12, 0}, Qt::UTC); });
+    return kept;
+}
+
+static int bringBackOne(const QString &file)
+{
+    for (const Version &version : versions().all()) {
+        if (version.file == file)
+            return done(bringBack(versions(), version));
+    }
+    return 1;
+}
+
+static int bringBackArchive()
+{
+    return bringBackOne("archivio.js");
+}
+
+static int bringBackPage()
+{
+    return bringBackOne("1L.jpg");
+}
+
+static int takePagesAway()
+{
+    int left = 0;
+    const QList<Result> results = versions().takeAway({pagePath(1, Page::Left), pagePath(1, Page::Right)});
+    for (qsizetype i = 0; i < 2; i += 1)
+        left |= results[i].ok() ? 0 : 1 << i;
+    return left == 0 ? 0 : left == 3 ? 1 : 4 + left;
+}
+
+// With the archive loaded, and a place where what is typed is kept.
+static int withTyping(int (*operation)(Edits &edits, Recovery &recovery))
+{
+    int argc = 0;
+    const QCoreApplication timers(argc, nullptr);
+    if (!loadArchive().result.ok())
+        return 1;
+    Edits edits;
+    edits.loaded();
+    Recovery recovery("kept", [&edits] { return unsavedNow(edits); });
+    recovery.begin();
+    return recovery.canKeep() ? operation(edits, recovery) : 1;
+}
+
+static int keepTyped()
+{
+    return withTyping([](Edits &edits, Recovery &recovery) {
+        edits.set(Field::Title, {1}, {"Typed"});
+        recovery.note();
+        return recovery.write() ? 0 : 1;
+    });
+}
+
+// Nothing is found that another program has left; the next start looks again.
+static constexpr int nothingToDo = 7;
+
+// What the next start does with it where it is wanted, and where it is not.
+static int putTypedBack()
+{
+    return withTyping([](Edits &edits, Recovery &recovery) {
+        int failed = nothingToDo;
+        for (const QString &left : recovery.leftBehind()) {
+            const auto unsaved = readUnsaved(left);
+            failed = failed == nothingToDo ? 0 : failed;
+            if (!unsaved || !putBack(*unsaved, edits).changedMeanwhile.isEmpty() || !recovery.takeOver(left))
+                failed = 1;
+        }
+        return failed;
+    });
+}
+
+static int setTypedAside()
+{
+    return withTyping([](Edits &, Recovery &recovery) {
+        int failed = nothingToDo;
+        for (const QString &left : recovery.leftBehind()) {
+            QByteArray bytes;
+            failed = failed == nothingToDo ? 0 : failed;
+            if (!readWhole(left, bytes).ok() || !versions().keepBytes(unsavedName, bytes)
+                || !recovery.takeOver(left))
+                failed = 1;
+        }
+        return failed;
+    });
+}
+
 struct Operation {
     const char *name;
     int (*run)();
@@ -154,12 +257,22 @@ static constexpr Operation operations[] = {
     {"absorb", absorbTwo},
     {"begin-playlists", beginPlaylists},
     {"save-playlist", saveOnePlaylist},
+    {"keep-typed", keepTyped},
+    {"put-typed-back", putTypedBack},
+    {"set-typed-aside", setTypedAside},
+    {"bring-back-archive", bringBackArchive},
+    {"bring-back-page", bringBackPage},
+    {"take-pages-away", takePagesAway},
 };
 
 int main(int argc, char **argv)
 {
     if (argc != 3 || !QDir::setCurrent(QString::fromLocal8Bit(argv[1])))
         return 2;
+    if (QDir("kept").exists())
+        setReplacementKeeper(
+            {[](const QString &path) { versions().keep(path); },
+             [](const QString &path, bool wasReplaced) { versions().settle(path, wasReplaced); }});
     for (const Operation &operation : operations) {
         if (std::strcmp(operation.name, argv[2]) == 0)
             return operation.run();
