@@ -51,6 +51,9 @@ static int showAndEnd(const QString &window)
     if (window == "Form1") {
         rooms = std::make_unique<Rooms>();
         rooms->start();
+    } else if (window == "Form1 alone") { // nothing keeps what is replaced and typed
+        rooms = std::make_unique<Rooms>();
+        rooms->form1.show();
     } else if (window == "plain") {
         plain = std::make_unique<PlainWindow>();
         plain->show();
@@ -126,6 +129,8 @@ static void compareStarting()
             [] { startWindow("word"); });
     compare({"start on 9,999 records", "a plain Qt window with the same controls, texts and fonts", 1.25},
             start, [] { startWindow("plain"); });
+    compare({"start on 9,999 records", "the same without earlier versions and recovery", 1.05, 51}, start,
+            [] { startWindow("Form1 alone"); });
     printMemoryOver("the empty window", startWindow("empty"), 16);
     printMemoryOver("the window with one word", startWindow("word"), 12);
 }
@@ -143,6 +148,7 @@ int main(int argc, char **argv)
 
     const QString demo = QDir::currentPath() + "/demo";
     TestFolder folder;
+    qputenv("XDG_DATA_HOME", QFile::encodeName(QDir::current().filePath("share")));
     putArchive(QStringList(9999, "A title of usual length|Some author|two tags|3"));
     putScans(demo);
     compareBrowsing();
