@@ -55,15 +55,20 @@ void Recovery::note()
 {
     if (!canKeep())
         return;
-    if (!sinceFirst_.isValid())
-        sinceFirst_.start();
-    const qint64 mostNow = waits_.afterFirst - sinceFirst_.elapsed();
-    due_.start(static_cast<int>(std::clamp<qint64>(mostNow, 0, waits_.afterLast)));
+    sinceLast_.start();
+    if (sinceFirst_.isValid())
+        return; // setting the timer anew for each key would take as long as the key
+    sinceFirst_.start();
+    due_.start(static_cast<int>(waits_.afterLast));
 }
 
 void Recovery::writeWhenItMay()
 {
-    if (mayWrite_ && !mayWrite_())
+    const qint64 wait =
+        std::min(waits_.afterLast - sinceLast_.elapsed(), waits_.afterFirst - sinceFirst_.elapsed());
+    if (wait > 0)
+        due_.start(static_cast<int>(wait));
+    else if (mayWrite_ && !mayWrite_())
         due_.start(static_cast<int>(waits_.afterLast));
     else
         write();

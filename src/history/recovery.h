@@ -68,4 +68,5 @@ private:
     int place_ = 0; // from 1; 0: none could be had
     QTimer due_;
     QElapsedTimer sinceFirst_; // invalid while nothing is noted
+    QElapsedTimer sinceLast_;
 };
