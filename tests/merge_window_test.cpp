@@ -1,5 +1,6 @@
 #include "controls/image_frame.h"
 #include "files/data_folder.h"
+#include "support/table.h"
 #include "support/windows.h"
 #include "window/progress.h"
 
@@ -20,8 +21,8 @@ static void putPicture(int record, Qt::GlobalColor colour)
 
 // The program over an archive of two songs, beside an installation of three in the folder "other".
 struct Stand : Program {
-    Stand()
-        : Program(archiveOf({"One|A|tag|3", "Two|||"}))
+    explicit Stand(const QList<Answer> &ahead = {})
+        : Program(archiveOf({"One|A|tag|3", "Two|||"}), ahead)
     {
         put("other/index.html", "");
         put("other/spartiti/archivio.js", archiveOf({"Zebra|||1", "Apple|||2", "Apple|||3"}));
@@ -29,6 +30,14 @@ struct Stand : Program {
         putPicture(2, Qt::green);
     }
 };
+
+struct Translating {
+    QStringList names; // of the categories there
+    QList<int> ticked;
+    QList<Answer> answers;
+    QString categories; // that the songs have then
+};
+Q_DECLARE_METATYPE(Translating)
 
 static void openSource(const QString &name = "other")
 {
@@ -185,6 +194,58 @@ private slots:
         click("Merging", "Absorb");
         QCOMPARE(contents("spartiti/archivio.js"),
                  archiveOf({"One|A|tag|3", "Two|||0", "Zebra|||1", "Apple|||2"}));
+    }
+
+    void titlesInTheArchive_areInItalics()
+    {
+        const Stand stand({Answer::Yes, Answer::Ok, Answer::Ok});
+        put("other/spartiti/archivio.js", archiveOf({" ONE|||1", "Apple|||2", "|||3"}));
+        openSource();
+        const auto marked = [](int row) {
+            const auto *line = control<QListWidget>("Merging", "Scores to absorb")->item(row);
+            return line->font().italic() ? line->toolTip().section('\n', -1) : QString();
+        };
+        QCOMPARE(marked(0) + marked(1) + marked(2), "also in your archive: no. 1");
+        clickTick(1);
+        click("Merging", "Absorb");
+        QCOMPARE(marked(1), "also in your archive: no. 3");
+    }
+
+    void categories_areTranslatedByNameWhereAPersonWantsIt_data()
+    {
+        tableOf<Translating>({
+            {"yes", {{"Tango", "Valse", "Blues"}, {0, 1, 2}, {Answer::Yes, Answer::Yes}, "031"}},
+            {"no", {{"Tango", "Valse", "Blues"}, {0, 1, 2}, {Answer::Yes, Answer::No}, "123"}},
+            {"the ticked ones agree", {{"Tango", "blues ", "Jazz"}, {1}, {Answer::Yes}, "2"}},
+            {"one differs", {{"Jazz", "Tango", ""}, {0, 1, 2}, {Answer::Yes, Answer::Yes}, "403"}},
+            {"theirs is missing", {{}, {0, 1, 2}, {Answer::Yes}, "123"}},
+        });
+    }
+    void categories_areTranslatedByNameWhereAPersonWantsIt()
+    {
+        const auto row = tableRow<Translating>();
+        Stand stand(row.answers);
+        const auto categories = [](QStringList names) {
+            names.resize(33);
+            QByteArray lines;
+            for (const QString &name : std::as_const(names))
+                lines += linesOf(name);
+            return fileOf("generi", lines);
+        };
+        put("spartiti/generi.js", categories({"Blues", "Blues", "Valse", "Jazz"}));
+        if (!row.names.isEmpty())
+            put("other/spartiti/generi.js", categories(row.names));
+        openSource();
+        for (const int song : row.ticked)
+            clickTick(song);
+        click("Merging", "Absorb");
+        QString got;
+        for (int i = 0; i < row.ticked.size(); i += 1)
+            got += Module1.recCategory[static_cast<size_t>(3 + i)];
+        QCOMPARE(got, row.categories);
+        const QString told = stand.told.join('|');
+        QCOMPARE(told.contains(" with other numbers here. Translate them by name?"), row.answers.size() > 1);
+        QCOMPARE(told.contains("without a category"), got.contains('0'));
     }
 
     void report_namesEveryPageInABoxThatFitsTheScreen()

@@ -3,6 +3,7 @@
 #include "files/data_folder.h"
 #include "files/platform.h"
 #include "files/safe_write.h"
+#include "text/folding.h"
 
 #include <memory>
 
@@ -26,6 +27,15 @@ bool hasUnsavedChanges()
             return true;
     }
     return false;
+}
+
+QHash<QString, int> songsByTitle()
+{
+    QHash<QString, int> songs;
+    for (int n = Module1.recCount; n > 0; n -= 1)
+        songs[foldedTitle(Module1.recTitle[static_cast<size_t>(n)])] = n;
+    songs.remove(QString());
+    return songs;
 }
 
 bool isArchiveOtherThan(QByteArray &known)

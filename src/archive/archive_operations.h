@@ -2,6 +2,8 @@
 
 #include "archive/archive_file.h"
 
+#include <QHash>
+
 // What is done with the archive of Module1 as a whole. Nothing here asks or tells a person.
 
 // Whether a record was changed or added since the archive was last read or saved. Text typed behind the
@@ -10,6 +12,9 @@ bool hasUnsavedChanges();
 
 // Whether something was typed behind the last record, where the next new song comes.
 bool hasTextBehindLast();
+
+// The first song of each title, under what foldedTitle() makes of it; those without one are left out.
+QHash<QString, int> songsByTitle();
 
 // Whether the file holds something else than `known`, which then becomes what it holds. False where it
 // cannot be read.

@@ -1,6 +1,7 @@
 #include "intake/known_songs.h"
 
 #include "archive/Module1.h"
+#include "archive/archive_operations.h"
 #include "files/data_folder.h"
 #include "files/safe_write.h"
 #include "text/folding.h"
@@ -9,12 +10,8 @@
 #include <QFileInfo>
 
 KnownSongs::KnownSongs()
+    : byTitle_(songsByTitle())
 {
-    for (int n = Module1.recCount; n > 0; n -= 1) {
-        const QString title = foldedTitle(Module1.recTitle[static_cast<size_t>(n)]);
-        if (!title.isEmpty())
-            byTitle_[title] = n;
-    }
 }
 
 void KnownSongs::listPages()

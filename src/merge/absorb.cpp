@@ -3,7 +3,7 @@
 #include "archive/Module1.h"
 #include "files/platform.h"
 
-#include <optional>
+#include <utility>
 
 using Kind = Result::Kind;
 
@@ -50,7 +50,18 @@ static NewSong songIn(const MergeSource &source, int slot)
     return song;
 }
 
-AbsorbReport absorb(const MergeSource &source, const QList<int> &chosen, const Progress &progress)
+static void translateCategory(NewSong &song, int record, const CategoryTranslation &categories,
+                              AbsorbReport &report)
+{
+    if (!categories.isOther(song.category))
+        return;
+    const QString there = std::exchange(song.category, categories.here(song.category));
+    if (song.category == "0")
+        report.withoutCategory += {record, categories.nameThere(there)};
+}
+
+AbsorbReport absorb(const MergeSource &source, const QList<int> &chosen, const Progress &progress,
+                    const std::optional<CategoryTranslation> &categories)
 {
     AbsorbReport report;
     report.result = checkAbsorb(source, chosen.size());
@@ -59,8 +70,11 @@ AbsorbReport absorb(const MergeSource &source, const QList<int> &chosen, const P
     QList<NewSong> songs;
     for (const int slot : chosen) {
         songs += songIn(source, slot);
+        const int record = Module1.recCount + static_cast<int>(songs.size());
         if (songs.last().left.source.isEmpty())
-            report.withoutNumber += Module1.recCount + static_cast<int>(songs.size());
+            report.withoutNumber += record;
+        if (categories)
+            translateCategory(songs.last(), record, *categories, report);
     }
     static_cast<AppendReport &>(report) =
         appendSongs(songs, progress, [&] { return checkAbsorb(source, chosen.size()); });

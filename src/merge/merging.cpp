@@ -2,9 +2,11 @@
 
 #include "archive/Module1.h"
 #include "archive/archive_file.h"
+#include "archive/archive_operations.h"
 #include "controls/image_frame.h"
 #include "look/plain_text.h"
 #include "text/counting.h"
+#include "text/folding.h"
 #include "window/message_box.h"
 #include "window/progress.h"
 #include "window/report_box.h"
@@ -12,6 +14,8 @@
 #include <QEvent>
 #include <QListWidget>
 #include <QPushButton>
+
+#include <algorithm>
 
 merging::merging(std::function<void()> reopenMainWindow)
     : Form({"merging", "Merging", 11070, 8295, QPoint(2775, 1830)})
@@ -65,12 +69,30 @@ void merging::load()
         const QString title = source.archive.text(source.archive.records[p].title);
         auto *line = new QListWidgetItem(title);
         line->setCheckState(Qt::Unchecked);
-        line->setToolTip(plainToolTip(title)); // the line may be too short for it
         List1->addItem(line);
     }
+    markKnown();
     // Or else the list would move to its first line, and show that page, as soon as it has the focus.
     List1->setCurrentIndex({});
     tell(source);
+}
+
+// What one's own archive has under the same title is in italics.
+void merging::markKnown()
+{
+    const QHash<QString, int> own = songsByTitle();
+    for (int p = 0; p < List1->count(); p += 1) {
+        QListWidgetItem *line = List1->item(p);
+        const int known = own.value(foldedTitle(line->text()));
+        const QString mark =
+            known > 0 ? QStringLiteral("also in your archive: no. %1").arg(known) : QString();
+        QFont font = List1->font();
+        font.setItalic(known > 0);
+        line->setFont(font);
+        // The line may be too short for its title.
+        line->setToolTip(plainToolTip(known > 0 ? line->text() + '\n' + mark : line->text()));
+        line->setData(Qt::AccessibleDescriptionRole, mark);
+    }
 }
 
 // A click on the line in front shows its page anew; one on another line has shown it when it ends.
@@ -118,6 +140,22 @@ static QString replacedArchiveQuestion()
         .arg(Module1.recCount + 1);
 }
 
+// None where the numbers are to stay as they are.
+std::optional<CategoryTranslation> merging::translationOf(const QList<int> &chosen) const
+{
+    const auto translation = CategoryTranslation::from(source.folder);
+    if (!translation)
+        return {};
+    const auto others = std::count_if(chosen.begin(), chosen.end(), [&](int slot) {
+        const ArchiveRecord &record = source.archive.records[static_cast<size_t>(slot)];
+        return translation->isOther(source.archive.text(record.category));
+    });
+    const QString question =
+        counted(others, "song has a category with another number", "songs have categories with other numbers")
+        + " here. Translate them by name?";
+    return others > 0 && askYesNo(question) ? translation : std::nullopt;
+}
+
 // Absorb
 void merging::Command2_Click()
 {
@@ -128,8 +166,9 @@ void merging::Command2_Click()
         return;
     if (wasArchiveReplaced() && !askBeforeLoss(replacedArchiveQuestion()))
         return;
+    const auto categories = translationOf(chosen);
     const AbsorbReport report =
-        absorb(source, chosen, progressBox("Absorbing " + counted(chosen.size(), "song")));
+        absorb(source, chosen, progressBox("Absorbing " + counted(chosen.size(), "song")), categories);
     if (!report.result.ok())
         return tellFailure(report.result);
     if (const QString trouble = troubleText(report); !trouble.isEmpty())
@@ -138,4 +177,5 @@ void merging::Command2_Click()
                "Tessaline, at the end of your archive. From there you can edit the corresponding "
                "information (title, authors and tags) according to your needs.");
     reopenMainWindow_();
+    markKnown();
 }

@@ -25,7 +25,9 @@ private:
     void List1_Click(); // a line comes to the front
     void Command2_Click(); // Absorb
 
+    void markKnown();
     QList<int> tickedSlots() const;
+    std::optional<CategoryTranslation> translationOf(const QList<int> &chosen) const;
     void tellFailure(const Result &result);
 
     QListWidget *List1 = nullptr; // Scores to absorb
