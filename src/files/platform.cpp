@@ -17,6 +17,8 @@ bool syncFile(int handle)
 
 void beginSync(int) { }
 
+void forgetCached(int) { }
+
 bool syncFileSystem(int)
 {
     return false;
@@ -68,6 +70,13 @@ void beginSync([[maybe_unused]] int handle)
 {
 #ifdef __linux__
     sync_file_range(handle, 0, 0, SYNC_FILE_RANGE_WRITE);
+#endif
+}
+
+void forgetCached([[maybe_unused]] int handle)
+{
+#ifdef POSIX_FADV_DONTNEED
+    posix_fadvise(handle, 0, 0, POSIX_FADV_DONTNEED);
 #endif
 }
 

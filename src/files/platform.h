@@ -15,6 +15,10 @@ bool syncFile(int handle);
 // less to wait for. A hint, no promise.
 void beginSync(int handle);
 
+// Lets the system forget what it holds in memory of a file whose contents are on the disk, so that what is
+// read next comes from the disk itself. A hint, no promise.
+void forgetCached(int handle);
+
 // Waits until everything written so far to the file system of the open file is on the disk itself. False
 // where the system has no such call or it failed; then only syncFile() can tell which file is safe.
 bool syncFileSystem(int handle);

@@ -125,6 +125,11 @@ Result Replacement::write(QByteArrayView bytes)
     return {};
 }
 
+void Replacement::setTime(const QDateTime &time)
+{
+    file_.setFileTime(time, QFileDevice::FileModificationTime);
+}
+
 Result Replacement::finish()
 {
     return file_.size() == written_ ? Result{} : unwritable("not all of it could be written");

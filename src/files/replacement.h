@@ -3,6 +3,7 @@
 #include "files/result.h"
 
 #include <QByteArrayView>
+#include <QDateTime>
 #include <QFile>
 
 #include <functional>
@@ -37,12 +38,14 @@ public:
 
     Result open(); // makes the folder where it is missing
     Result write(QByteArrayView bytes);
+    void setTime(const QDateTime &time); // of its last change, where the disk can bear it
     Result finish(); // all of it has arrived
     Result sync(); // and is on the disk; not needed where handle() was used to force all files there
     Result putInPlace(); // its folder is still to be synced
 
     bool isOpen() const { return file_.isOpen(); }
     int handle() const { return file_.handle(); }
+    QString writtenPath() const { return file_.fileName(); } // where it lies until then
     QString folder() const; // where the file lies that is replaced
 
 private:

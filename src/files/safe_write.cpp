@@ -144,14 +144,15 @@ Result moveFile(const QString &source, const QString &target)
 
 // A copy that lies beside its target. Only those that came out well keep their file open.
 struct PreparedCopy {
+    const FileCopy &copy;
     std::unique_ptr<Replacement> file;
     Result result;
+    QByteArray made; // what it is to hold, where that lies in no file and is to be proven
 };
 
 // As prepareCopy(), of bytes that are made only now.
-static Result prepareMade(const FileCopy &copy, Replacement &to)
+static Result prepareMade(const FileCopy &copy, Replacement &to, QByteArray &bytes)
 {
-    QByteArray bytes;
     if (const Result made = copy.make(bytes); !made.ok())
         return made;
     if (const Result opened = to.open(); !opened.ok())
@@ -162,13 +163,19 @@ static Result prepareMade(const FileCopy &copy, Replacement &to)
 
 static PreparedCopy prepared(const FileCopy &copy)
 {
-    auto file = std::make_unique<Replacement>(copy.target, Link::Replaced);
-    const Result result = copy.make ? prepareMade(copy, *file) : prepareCopy(copy, *file);
-    if (result.ok() && file->isOpen())
-        beginSync(file->handle());
-    else
-        file.reset();
-    return {std::move(file), result};
+    PreparedCopy prepared{copy, std::make_unique<Replacement>(copy.target, Link::Replaced), {}, {}};
+    Replacement &file = *prepared.file;
+    prepared.result = copy.make ? prepareMade(copy, file, prepared.made) : prepareCopy(copy, file);
+    if (!prepared.result.ok() || !file.isOpen()) {
+        prepared.file.reset();
+        return prepared;
+    }
+    if (!copy.isProven)
+        prepared.made.clear();
+    if (copy.time.isValid())
+        file.setTime(copy.time);
+    beginSync(file.handle());
+    return prepared;
 }
 
 static void syncGroup(std::vector<PreparedCopy> &group)
@@ -179,6 +186,36 @@ static void syncGroup(std::vector<PreparedCopy> &group)
     for (PreparedCopy &copy : group) {
         if (copy.file)
             copy.result = copy.file->sync();
+    }
+}
+
+static bool holdTheSame(const QString &one, const QString &other)
+{
+    static constexpr qint64 chunkSize = 1 << 18;
+    QFile oneFile(one), otherFile(other);
+    if (!openToRead(oneFile).ok() || !openToRead(otherFile).ok() || oneFile.size() != otherFile.size())
+        return false;
+    while (!oneFile.atEnd()) {
+        const QByteArray chunk = oneFile.read(chunkSize);
+        if (chunk.isEmpty() || chunk != otherFile.read(chunkSize))
+            return false;
+    }
+    return true;
+}
+
+// What is on the disk by now is compared with what was to get there.
+static void proveGroup(std::vector<PreparedCopy> &group)
+{
+    for (PreparedCopy &prepared : group) {
+        if (!prepared.copy.isProven || !prepared.file || !prepared.result.ok())
+            continue;
+        forgetCached(prepared.file->handle());
+        const QString written = prepared.file->writtenPath();
+        const bool isWhole = prepared.copy.make ? holdsJust(written, prepared.made)
+                                                : holdTheSame(prepared.copy.source, written);
+        if (!isWhole)
+            prepared.result = Result::failed(Kind::Unwritable, prepared.copy.target,
+                                             "what was read back is not what was to be written");
     }
 }
 
@@ -207,6 +244,7 @@ QList<Result> copyFiles(const QList<FileCopy> &copies, const Progress &progress)
             group.push_back(prepared(*next));
         }
         syncGroup(group);
+        proveGroup(group);
         putGroupInPlace(group);
         for (const PreparedCopy &copy : group)
             results += copy.result;

@@ -4,6 +4,7 @@
 #include "files/result.h"
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QList>
 
 class QFile;
@@ -45,6 +46,8 @@ struct FileCopy {
     QString source;
     QString target;
     std::function<Result(QByteArray &bytes)> make = {};
+    QDateTime time = {}; // of the last change, which the copy is to bear too; invalid: now
+    bool isProven = false; // it is read back from the disk and compared before it takes its place
 };
 
 // As copyFile() for each of them, in this order, with one result each; what fails holds up none of the

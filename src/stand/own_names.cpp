@@ -69,6 +69,8 @@ static bool isDrawnByLot(QStringView letters)
 bool isLeftOver(const QString &name)
 {
     static const Expression ending("^(.+)\\.([A-Za-z0-9]{6})$");
+    if (name.size() < 7 || name[name.size() - 7] != '.')
+        return false; // nearly always, and sooner
     const auto parts = ending.match(name);
     return parts.hasMatch() && isOwnName(parts.captured(1)) && isDrawnByLot(parts.capturedView(2));
 }

@@ -1,0 +1,97 @@
+#include "stand/stand_look.h"
+
+#include "files/safe_write.h"
+#include "merge/merge_source.h"
+#include "playlists/playlist_file.h"
+#include "text/folding.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStorageInfo>
+
+using Kind = Result::Kind;
+
+int StandLook::countOf(PlannedFile::Task task) const
+{
+    const auto isOf = [task](const PlannedFile &planned) { return planned.task == task; };
+    return static_cast<int>(std::count_if(plan.begin(), plan.end(), isOf));
+}
+
+static ArchiveTable ownTable()
+{
+    ArchiveTable table;
+    QByteArray bytes;
+    if (const Result read = readWhole(archivePath(), bytes); !read.ok())
+        table.result = read;
+    else
+        table = readArchive(bytes, ownArchive);
+    return table;
+}
+
+static Result checkFolders(const QString &root)
+{
+    const QString there = QFileInfo(root).canonicalFilePath();
+    const QString own = QFileInfo(dataFolder()).canonicalFilePath();
+    if (there.isEmpty() || !QFileInfo(there).isDir())
+        return Result::failed(Kind::Missing, root, "there is no such folder");
+    if ((there + '/').startsWith(own + '/') || QFileInfo(dataFolder(root)).canonicalFilePath() == own)
+        return Result::failed(Kind::Refused, root,
+                              "This is the archive itself; choose the folder of the stand.");
+    return {};
+}
+
+static void readOwnFiles(StandLook &look)
+{
+    const ArchiveTable archive = ownTable();
+    look.result = archive.result;
+    look.songs = archive.count();
+    Playlists playlists;
+    const Result read = readPlaylistFile(playlists);
+    look.playlists = playlists.count();
+    if (look.result.ok() && !read.ok() && read.kind != Kind::Missing)
+        look.result = read;
+}
+
+static void compareFiles(StandLook &look, const Progress &progress)
+{
+    FileListing here = listFiles(".", progress);
+    const FileListing there = here.result.ok() ? listFiles(look.root, progress) : FileListing();
+    look.result = here.result.ok() ? there.result : here.result;
+    if (!look.result.ok())
+        return;
+    look.here = std::move(here.files);
+    look.plan = planOf(look.here, there.files, foldsCase(look.root));
+}
+
+StandLook lookAtStand(const QString &root, const Progress &progress)
+{
+    static constexpr qint64 smallestBlock = 4096;
+    StandLook look{.result = checkFolders(root), .root = root, .here = {}, .plan = {}};
+    if (look.result.ok())
+        readOwnFiles(look);
+    if (look.result.ok())
+        compareFiles(look, progress);
+    if (!look.result.ok())
+        return look;
+    look.hasStartPage = !QDir(root).entryList({"*.html"}, QDir::Files).isEmpty();
+    const QStorageInfo disk(root);
+    look.roomNeeded = roomNeeded(look.plan, qMax<qint64>(disk.blockSize(), smallestBlock));
+    look.roomThere = disk.bytesAvailable();
+    return look;
+}
+
+QList<OtherSong> otherSongsOn(const StandLook &look)
+{
+    const ArchiveTable here = ownTable();
+    const ArchiveTable there = readMergeSource(look.root).archive;
+    QList<OtherSong> songs;
+    for (int n = 1; n <= there.count(); n += 1) {
+        const auto titleIn = [n](const ArchiveTable &table) {
+            return n <= table.count() ? table.text(table.records[static_cast<size_t>(n)].title) : QString();
+        };
+        const OtherSong song{n, titleIn(here), titleIn(there)};
+        if (!foldedTitle(song.there).isEmpty() && foldedTitle(song.here) != foldedTitle(song.there))
+            songs += song;
+    }
+    return songs;
+}

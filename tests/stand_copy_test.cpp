@@ -1,0 +1,296 @@
+#include "stand/stand_copy.h"
+#include "support/table.h"
+#include "support/test_folder.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QTest>
+
+using Change = void (*)();
+using Kind = Result::Kind;
+
+static const QString own = "spartiti/", there = "stand/spartiti/";
+
+static void putOwn()
+{
+    putArchive({"One|||0", "Two|||0"});
+    put(own + "playlist.js", fileOf("playlist", "\"Set\",\"2,1,#\",\r\n"));
+    for (const char *name : {"1L.jpg", "2L.jpg", "2R.jpg", "audio/2.mp3"})
+        put(own + name, QByteArray("bytes of ") + name);
+    QDir().mkdir("stand");
+}
+
+// All files below a folder, as lines "name: bytes", in the order of their names.
+static QStringList filesIn(const QString &folder)
+{
+    QStringList files;
+    for (QDirIterator entries(folder, QDir::Files, QDirIterator::Subdirectories); entries.hasNext();) {
+        const QString path = entries.next();
+        files += path.mid(folder.size()) + ": " + contents(path);
+    }
+    files.sort();
+    return files;
+}
+
+static void makeOlder(const QString &path, int seconds)
+{
+    QFile file(path);
+    const QDateTime time = QDateTime::currentDateTime().addSecs(-seconds);
+    if (!file.open(QIODevice::ReadWrite) || !file.setFileTime(time, QFileDevice::FileModificationTime))
+        qFatal("no other time for %s", qPrintable(path));
+}
+
+// Copies, and sees before each file that the archive there is not ahead of the pages. Before the second file
+// something happens.
+static StandCopy copy(const std::function<bool()> &meanwhile = {})
+{
+    int asked = 0;
+    return copyToStand("stand", [&](int, int) {
+        if (contents(there + "archivio.js") == contents(own + "archivio.js") && asked < 4)
+            qFatal("the archive has come before its pages");
+        asked += 1;
+        return asked != 2 || !meanwhile || meanwhile();
+    });
+}
+
+// "1L.jpg 10 5000|2L.jpg 7": name, size and time, with a bar between two files.
+static QList<ListedFile> listing(const QString &text)
+{
+    QList<ListedFile> files;
+    for (const QString &file : text.split('|', Qt::SkipEmptyParts)) {
+        const QStringList parts = file.split(' ');
+        files += {parts[0], parts[1].toInt(), parts.value(2).toInt()};
+    }
+    return files;
+}
+
+struct PlanRow {
+    const char *here;
+    const char *there;
+    bool foldsCase;
+    const char *plan; // a letter for the task, and the name
+    qint64 room; // in blocks of 10
+};
+Q_DECLARE_METATYPE(PlanRow)
+
+struct Fault {
+    bool (*meanwhile)();
+    const char *told; // a part of it
+    Change repair;
+};
+Q_DECLARE_METATYPE(Fault)
+
+struct Refusal {
+    Change change;
+    QString root;
+    const char *told;
+};
+Q_DECLARE_METATYPE(Refusal)
+
+class StandCopyTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void plan_tellsWhatIsToBeDone_data()
+    {
+        tableOf<PlanRow>({
+            {"new, data files last",
+             {"archivio.js 5|generi.js 5|10L.jpg 11|audio/1.mp3 5|9R.jpg 5|9L.jpg 0", "", false,
+              "N9L.jpg N9R.jpg N10L.jpg Naudio/1.mp3 Ngeneri.js Narchivio.js", 60}},
+            {"other size or time",
+             {"1L.jpg 15|2L.jpg 15 2001", "1L.jpg 5|2L.jpg 15", false, "C1L.jpg C2L.jpg", 50}},
+            {"newer there", {"1L.jpg 5 1", "1L.jpg 5 2002", false, "+1L.jpg", 10}},
+            {"two seconds",
+             {"1L.jpg 5 2000|2L.jpg 5", "1L.jpg 5|2L.jpg 5 2000", false, "S1L.jpg S2L.jpg", 0}},
+            {"only there", {"1L.jpg 5", "1L.jpg 5|2L.jpg 5", false, "O2L.jpg S1L.jpg", 0}},
+            {"what is on its way", {"1L.jpg.k9ZqT3 5|arriving/2L.jpg 5|1L.jpg 5", "", false, "N1L.jpg", 10}},
+            {"no ordinary file", {"1L.jpg -1", "1L.jpg 5", false, "X1L.jpg O1L.jpg", 0}},
+            {"case counts", {"1l.jpg 5|1L.jpg 5", "1l.JPG 5", false, "N1L.jpg N1l.jpg O1l.JPG", 20}},
+            {"case does not",
+             {"1l.jpg 5|1L.jpg 5|2L.jpg 5", "1l.JPG 9|2l.JPG 5", true, "C1L.jpg X1l.jpg S2L.jpg", 10}},
+        });
+    }
+
+    void plan_tellsWhatIsToBeDone()
+    {
+        const auto row = tableRow<PlanRow>();
+        const QList<PlannedFile> plan = planOf(listing(row.here), listing(row.there), row.foldsCase);
+        QStringList tasks;
+        for (const PlannedFile &planned : plan)
+            tasks +=
+                (planned.isNewerThere ? '+' : "NCXOS"[static_cast<int>(planned.task)]) + planned.file.name;
+        QCOMPARE(tasks.join(' '), row.plan);
+        QCOMPARE(roomNeeded(plan, 10), row.room);
+    }
+
+    void copy_bringsAllThere_data()
+    {
+        tableOf<Change>({
+            {"empty stand", [] {}},
+            {"a week old",
+             [] {
+                 (void)copyToStand("stand");
+                 makeOlder(own + "2R.jpg", 9);
+                 put(own + "1L.jpg", "other page");
+                 putArchive({"One|||0", "Two|||0", "Three|||0"});
+             }},
+            {"songs of its own",
+             [] {
+                 put(there + "archivio.js", archiveOf({"Three|||0"}));
+                 put(there + "1L.jpg", "its own page");
+                 put(there + "9L.jpg", "its own page");
+             }},
+            {"more than the archive", [] { put(own + "deep/.notes", "mine"); }},
+            {"its link is replaced itself",
+             [] {
+                 put("mine", "mine");
+                 put(there + "2L.jpg", {});
+                 QFile::remove(there + "2L.jpg");
+                 QFile::link("../../mine", there + "2L.jpg");
+             }},
+        });
+    }
+
+    void copy_bringsAllThere()
+    {
+        const TestFolder folder;
+        putOwn();
+        tableRow<Change>()();
+        const bool hasOwnPage = QFile::exists(there + "9L.jpg");
+        const StandCopy copied = copy();
+        QVERIFY2(copied.result.ok(), qPrintable(copied.result.text()));
+        QCOMPARE(copied.copied, copied.all);
+        QVERIFY(textOf(copied).endsWith(
+            " songs, 1 playlist: all of it is on the stand, read back and compared. You can take it."));
+        QStringList expected = filesIn(own);
+        if (hasOwnPage)
+            expected.insert(expected.indexOf("archivio.js: " + contents(own + "archivio.js")),
+                            "9L.jpg: its own page");
+        QCOMPARE(filesIn(there), expected);
+        QVERIFY(contents("mine") == "mine" || contents("mine") == "(missing)");
+        const StandCopy again = copy();
+        QVERIFY(again.result.ok());
+        QCOMPARE(again.copied, 0);
+        QVERIFY(textOf(again).endsWith("all of it was on the stand already. You can take it."));
+    }
+
+    void whatHappensMeanwhile_leavesAllWholeOrIsTold_data()
+    {
+        static const auto no = [] {};
+        tableOf<Fault>({
+            {"a page changes here",
+             {[] {
+                  put(own + "1L.jpg", "BYTES of 1L.jpg");
+                  return true;
+              },
+              "all of it is on the stand", no}},
+            {"a song is added",
+             {[] {
+                  putArchive({"One|||0", "Two|||0", "Three|||0"});
+                  put(own + "3L.jpg", "new");
+                  return true;
+              },
+              "3 songs, 1 playlist: all of it is on the stand", no}},
+            {"a page goes", {[] { return QFile::remove(own + "2R.jpg"); }, "all of it is on the stand", no}},
+            {"a byte is turned over there",
+             {[] {
+                  const QString name = QDir(there).entryList({"1L.jpg.??????"}).value(0);
+                  put(there + name, contents(there + name).replace("b", "B"));
+                  return true;
+              },
+              "stand/spartiti/1L.jpg: what was read back is not what was to be written\nNothing on", no}},
+            {"the stand is taken away",
+             {[] { return QDir().rename("stand", "away"); }, "stand: the stand is no longer there",
+              [] { QDir().rename("away", "stand"); }}},
+            {"cancelled", {[] { return false; }, "Cancelled. Nothing on the stand has changed.", no}},
+            {"a folder there",
+             {[] { return QDir().mkdir(there + "2L.jpg"); },
+              "there is a folder of this name\n1 of 7 files are on the stand, each of them whole, read back "
+              "and compared, and archivio.js, which comes last, is there as it was before.",
+              [] { QDir().rmdir(there + "2L.jpg"); }}},
+        });
+    }
+
+    void whatHappensMeanwhile_leavesAllWholeOrIsTold()
+    {
+        const TestFolder folder;
+        putOwn();
+        put(own + "generi.js", fileOf("generi", {}));
+        const auto row = tableRow<Fault>();
+        const StandCopy copied = copy(row.meanwhile);
+        QVERIFY2(textOf(copied).contains(row.told), qPrintable(textOf(copied)));
+        row.repair();
+        const bool isWhole = copied.result.ok();
+        QCOMPARE(QFile::exists(there + "archivio.js"), isWhole);
+        const QStringList may = filesIn(own) + QStringList("2R.jpg: bytes of 2R.jpg");
+        for (const QString &file : filesIn(there)) // but for what was pulled out half written
+            QVERIFY2(may.contains(file) || file.startsWith("1L.jpg."), qPrintable(file));
+        QVERIFY(copy().result.ok());
+        QVERIFY(filesIn(there).size() >= filesIn(own).size());
+    }
+
+    void fullStand_saysHowFarItCame()
+    {
+        const TestFolder folder;
+        putOwn();
+        put(own + "1R.jpg", QByteArray(2000, 'x'));
+        {
+            const FullDisk disk(1000);
+            const StandCopy copied = copyToStand("stand");
+            QCOMPARE(copied.result.kind, Kind::Unwritable);
+            QVERIFY2(textOf(copied).contains("1 of 7 files"), qPrintable(textOf(copied)));
+        }
+        QVERIFY(copy().result.ok());
+    }
+
+    void unusable_isSaidBeforeAnything_data()
+    {
+        tableOf<Refusal>({
+            {"no folder", {[] {}, "gone", "gone: there is no such folder"}},
+            {"the archive itself", {[] {}, ".", "This is the archive itself"}},
+            {"within it", {[] {}, "spartiti/audio", "This is the archive itself"}},
+            {"no archive",
+             {[] { QFile::remove(own + "archivio.js"); }, "stand", "spartiti/archivio.js: there is no"}},
+            {"damaged archive", {[] { put(own + "archivio.js", "x"); }, "stand", "spartiti/archivio.js: "}},
+            {"damaged playlists", {[] { put(own + "playlist.js", "x"); }, "stand", "spartiti/playlist.js: "}},
+            {"no folder of data can be made",
+             {[] { put("stand/spartiti", "x"); }, "stand", "stand/spartiti: "}},
+        });
+    }
+
+    void unusable_isSaidBeforeAnything()
+    {
+        const TestFolder folder;
+        putOwn();
+        const auto row = tableRow<Refusal>();
+        row.change();
+        const QStringList before = filesIn("./");
+        const StandCopy copied = copyToStand(row.root);
+        QVERIFY2(copied.result.text().startsWith(row.told), qPrintable(copied.result.text()));
+        QVERIFY(textOf(copied).endsWith("Nothing on the stand has changed."));
+        QCOMPARE(filesIn("./"), before);
+    }
+
+    void look_tellsWhatElseIsToBeKnown()
+    {
+        const TestFolder folder;
+        putOwn();
+        StandLook look = lookAtStand("stand");
+        QVERIFY(look.result.ok() && !look.hasStartPage && look.hasRoom());
+        QCOMPARE(look.countOf(PlannedFile::Task::New), 6);
+        QVERIFY(otherSongsOn(look).isEmpty());
+        put("stand/index.html", {});
+        put(there + "archivio.js", archiveOf({"ONE |||", "Other|||", "|||", "Third|||"}));
+        look = lookAtStand("stand");
+        QVERIFY(look.hasStartPage);
+        QStringList others;
+        for (const OtherSong &song : otherSongsOn(look))
+            others += QString::number(song.number) + song.here + '/' + song.there;
+        QCOMPARE(others, QStringList({"2Two/Other", "4/Third"}));
+    }
+};
+
+QTEST_APPLESS_MAIN(StandCopyTest)
+#include "stand_copy_test.moc"
