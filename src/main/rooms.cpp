@@ -4,6 +4,8 @@
 #include "audio/categories_file.h"
 #include "audio/recording.h"
 #include "files/data_folder.h"
+#include "help/about.h"
+#include "help/chapters.h"
 #include "intake/dropped_file.h"
 #include "window/message_box.h"
 
@@ -42,6 +44,7 @@ Rooms::~Rooms()
     delete categories_;
     delete intake_;
     delete check_;
+    delete manual_;
 }
 
 Form1::Doors Rooms::doors()
@@ -64,7 +67,10 @@ QList<Form1::Menu> Rooms::menus()
         {"Archive",
          {entry("Bring in songs…", &Rooms::openIntake, QKeySequence("Ctrl+I")),
           entry("Categories…", &Rooms::openCategories), nullptr,
-          entry("Earlier versions…", &Rooms::openVersions), entry("Check the archive…", &Rooms::openCheck)}}};
+          entry("Earlier versions…", &Rooms::openVersions), entry("Check the archive…", &Rooms::openCheck)}},
+        {"Help",
+         {entry("Manual", &Rooms::openManual, QKeySequence::HelpContents),
+          entry("About Tessaline", &Rooms::showAbout)}}};
 }
 
 // An entry of a menu, which outlives the main window; its key works in every window.
@@ -219,6 +225,21 @@ void Rooms::showSongs(SongChoice::Kind kind)
 {
     findSong();
     songs_->showAll(kind);
+}
+
+// At the chapter of the window that asks; from the manual itself it stays where it is.
+void Rooms::openManual()
+{
+    const QWidget *asking = windowInFront();
+    if (manual_ && asking == manual_)
+        return manual_->comeForward();
+    showTheOne(manual_, [] { return new ManualWindow; })
+        ->showChapter(chapterOf(asking ? asking->objectName() : QString()));
+}
+
+void Rooms::showAbout()
+{
+    messageBox(aboutText(), "About Tessaline");
 }
 
 // An open list would only come forward, with the songs of the source before.

@@ -2,6 +2,7 @@
 
 #include "audio/categories_window.h"
 #include "audio/mp3.h"
+#include "help/manual_window.h"
 #include "history/earlier_versions.h"
 #include "history/history.h"
 #include "intake/intake_window.h"
@@ -58,6 +59,8 @@ private:
     void namesChanged();
     void openCheck();
     void showSongs(SongChoice::Kind kind);
+    void openManual();
+    void showAbout();
     QList<Form1::Menu> menus();
     QAction *entry(const QString &text, void (Rooms::*open)(), const QKeySequence &key = {});
 
@@ -68,6 +71,7 @@ private:
     QPointer<CategoriesWindow> categories_;
     QPointer<IntakeWindow> intake_;
     QPointer<CheckWindow> check_;
+    QPointer<ManualWindow> manual_;
 
 public:
     Form1 form1;
