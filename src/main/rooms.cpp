@@ -233,8 +233,9 @@ void Rooms::openManual()
     const QWidget *asking = windowInFront();
     if (manual_ && asking == manual_)
         return manual_->comeForward();
-    showTheOne(manual_, [] { return new ManualWindow; })
-        ->showChapter(chapterOf(asking ? asking->objectName() : QString()));
+    showTheOne(manual_, [] {
+        return new ManualWindow;
+    })->showChapter(chapterOf(asking ? asking->objectName() : QString()));
 }
 
 void Rooms::showAbout()
