@@ -93,7 +93,7 @@ static const QStringList explainThemselves = {
     "as|display",
     "were not looked at|was not looked at|as it is\\.$|no longer what it was|still there: another|right by "
     "hand",
-    "now\\.$|nothing that writes|MIT licence",
+    "now\\.$|also in your archive|goes on from there|stand has changed|nothing that writes|MIT licence",
 };
 
 class ManualTest : public WindowTest
