@@ -23,6 +23,8 @@ struct ComingPage {
 
 // A song that may be brought in.
 struct ComingSong {
+    static constexpr int unlooked = -1;
+
     bool isTicked = true;
     QString name; // what its files are called, see songNameOf()
     ComingPage left;
@@ -33,6 +35,8 @@ struct ComingSong {
     QString tags;
     int category = 0; // 1 to 33, 0 for none
     QString note; // what a person should know of it
+    int known = 0; // the song of the archive that seems to be the same; 0: none
+    int knownByPage = unlooked; // the one that has just the same picture; 0: none
     bool isNamed = false; // its title or author was typed, and no longer comes from the name
 
     bool operator==(const ComingSong &) const = default;

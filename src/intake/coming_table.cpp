@@ -94,8 +94,11 @@ void ComingTable::change(const QList<int> &rows, const QString &step,
 void ComingTable::readNames(const Reading &reading)
 {
     QList<ComingSong> after = songs_;
-    for (ComingSong &song : after)
+    KnownSongs known;
+    for (ComingSong &song : after) {
         song.readName(reading.namesAre, reading.leaveOutNumbers);
+        known.look(song);
+    }
     replaceSongs(after, "names");
 }
 
@@ -123,10 +126,14 @@ void ComingTable::setTicked(const QList<int> &rows, bool ticked)
 void ComingTable::setText(const QList<int> &rows, Column column, const QString &text)
 {
     const QString carried = carriedByFiles(text).text;
+    KnownSongs known;
     if (column == Column::Title)
         change(rows, "title", [&](ComingSong &song) {
             song.isNamed = song.isNamed || song.title != carried;
             song.title = carried;
+            const bool wasTicked = song.isTicked;
+            known.look(song);
+            song.isTicked = wasTicked; // who typed it may know better
         });
     else if (column == Column::Author)
         change(rows, "author", [&](ComingSong &song) {
@@ -175,6 +182,13 @@ static QString nameOfCategory(int category)
     return category == 0 ? QString() : Module1.categoryName[static_cast<size_t>(category)];
 }
 
+static QString noteOf(ComingSong song)
+{
+    if (song.known > 0)
+        song.addNote(QStringLiteral("in the archive as no. %1").arg(song.known));
+    return song.note;
+}
+
 static QString textOf(const ComingSong &song, Column column)
 {
     switch (column) {
@@ -193,7 +207,7 @@ static QString textOf(const ComingSong &song, Column column)
     case Column::Category:
         return nameOfCategory(song.category);
     case Column::Note:
-        return song.note;
+        return noteOf(song);
     case Column::Tick:
         break;
     }

@@ -139,14 +139,6 @@ static ComingSong named(const QString &name, const Reading &reading)
     return song;
 }
 
-static void noteKnown(ComingSong &song, KnownSongs &known)
-{
-    if (const QString note = known.noteFor(song); !note.isEmpty()) {
-        song.addNote(note);
-        song.isTicked = false;
-    }
-}
-
 static QString further(const QString &name, int piece)
 {
     return piece == 0 ? name : QStringLiteral("%1 (%2)").arg(name).arg(piece + 1);
@@ -203,7 +195,7 @@ QList<ComingSong> songsOf(const FoundFiles &files, const QHash<QString, PdfInfo>
             songs += songsOf(each, folder.path, pdfs, reading);
     }
     for (ComingSong &song : songs)
-        noteKnown(song, known);
+        known.look(song);
     return songs;
 }
 
@@ -221,7 +213,7 @@ QList<ComingSong> songsOfBook(const QString &pdf, const PdfInfo &info, const QLi
             song.left = pdfPage(pdf, info, page);
             if (page < entry.lastPage)
                 song.right = pdfPage(pdf, info, page + 1);
-            noteKnown(song, known);
+            known.look(song);
             songs += song;
         }
     }

@@ -1,7 +1,6 @@
 #include "archive/archive_operations.h"
 #include "controls/text_box.h"
 #include "intake/bring_in.h"
-#include "intake/coming_view.h"
 #include "intake/intake_window.h"
 #include "intake/page_picture.h"
 #include "text/counting.h"
@@ -10,32 +9,8 @@
 #include "window/report_box.h"
 
 #include <QCheckBox>
-#include <QMenu>
 
-// What the window "Bring in songs" does with the rows: its context menu, and bringing them in.
-
-void IntakeWindow::openMenu(const QPoint &placeOnScreen)
-{
-    const QList<int> rows = view_->chosenRows();
-    const QModelIndexList pages = chosenPages();
-    const QModelIndex current = view_->currentIndex();
-    auto *menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setAccessibleName("Chosen songs");
-    const auto add = [&](const QString &text, bool isPossible, const std::function<void()> &act) {
-        menu->addAction(text, this, act)->setEnabled(isPossible);
-    };
-    add("Exchange pages", !rows.isEmpty(), [=, this] { table_.exchangePages(rows); });
-    add("New song begins here", current.isValid() && table_.canBeginSongAt(current),
-        [=, this] { table_.beginSongAt(current); });
-    add("Join with the one above", table_.canJoin(rows), [=, this] { table_.join(rows); });
-    add("Turn", !pages.isEmpty(), [=, this] { table_.turn(pages); });
-    add("Halve", table_.canHalve(rows), [=, this] { table_.halve(rows); });
-    menu->addSeparator();
-    add("Tick", !rows.isEmpty(), [=, this] { table_.setTicked(rows, true); });
-    add("Take the tick away", !rows.isEmpty(), [=, this] { table_.setTicked(rows, false); });
-    menu->popup(placeOnScreen);
-}
+// How the window "Bring in songs" brings the ticked rows in.
 
 // What the head of a picture tells; a PDF was looked at when it was added.
 static QString troubleOf(const ComingPage &page)

@@ -16,7 +16,6 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QLabel>
-#include <QMenu>
 #include <QPushButton>
 #include <QSplitter>
 
@@ -132,6 +131,7 @@ void IntakeWindow::makeActions()
     redo->setShortcuts(QKeySequence::keyBindings(QKeySequence::Redo)
                        + QList<QKeySequence>{QKeySequence("Ctrl+Y")});
     addActions({undo, redo});
+    makeDeeds();
 }
 
 void IntakeWindow::connectAll()
@@ -215,24 +215,6 @@ void IntakeWindow::addContents()
             rows += row;
     }
     table_.replaceRows(rows, songsOfBook(book, pdfs_[book], *contents, known), "contents");
-}
-
-// All pages of the chosen rows, or those of the current one's column if that is a column of pages.
-QModelIndexList IntakeWindow::chosenPages() const
-{
-    QModelIndexList pages;
-    const auto current = ComingColumn(view_->currentIndex().column());
-    const QList<int> rows = view_->chosenRows();
-    for (const int row : rows) {
-        for (const ComingColumn column : {ComingColumn::Left, ComingColumn::Right}) {
-            const bool isOther =
-                (current == ComingColumn::Left || current == ComingColumn::Right) && current != column;
-            const QModelIndex page = table_.index(row, static_cast<int>(column));
-            if (!isOther && table_.pageAt(page).exists())
-                pages += page;
-        }
-    }
-    return pages;
 }
 
 void IntakeWindow::noteOnPage(const ComingPage &page, const QString &words, bool cannotCome)

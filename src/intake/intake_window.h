@@ -34,6 +34,14 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    // What can be done with the chosen rows; one without a text is a line in the menu.
+    struct Deed {
+        QString text;
+        QKeySequence key;
+        std::function<bool()> isPossible;
+        std::function<void()> act;
+    };
+
     QLayout *makeFiles();
     QLayout *makeReading();
     QWidget *makeMiddle();
@@ -44,6 +52,7 @@ private:
     Reading reading() const;
     void readAnew();
     void addContents();
+    void makeDeeds();
     void openMenu(const QPoint &placeOnScreen);
     QModelIndexList chosenPages() const;
     void noteOnPage(const ComingPage &page, const QString &words, bool cannotCome);
@@ -59,6 +68,7 @@ private:
     PageImages images_;
     FoundFiles files_;
     QHash<QString, PdfInfo> pdfs_;
+    QList<Deed> deeds_;
 
     QComboBox *pagesOfSong_;
     QComboBox *namesAre_;

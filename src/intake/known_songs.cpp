@@ -42,12 +42,19 @@ int KnownSongs::songOfPage(const QString &file)
     return 0;
 }
 
-QString KnownSongs::noteFor(const ComingSong &song)
+void KnownSongs::look(ComingSong &song)
 {
-    int known = byTitle_.value(foldedTitle(song.title));
-    for (const ComingPage &page : song.pages()) {
-        if (known == 0 && page.pdfPage == 0 && page.isAsItWas())
-            known = songOfPage(page.file);
+    const int before = song.known;
+    song.known = byTitle_.value(foldedTitle(song.title));
+    if (song.known == 0 && song.knownByPage == ComingSong::unlooked) {
+        song.knownByPage = 0;
+        for (const ComingPage &page : song.pages()) {
+            if (song.knownByPage == 0 && page.pdfPage == 0 && page.isAsItWas())
+                song.knownByPage = songOfPage(page.file);
+        }
     }
-    return known == 0 ? QString() : QStringLiteral("in the archive as no. %1").arg(known);
+    if (song.known == 0)
+        song.known = qMax(0, song.knownByPage);
+    if ((before == 0) != (song.known == 0))
+        song.isTicked = song.known == 0 && song.note.isEmpty();
 }

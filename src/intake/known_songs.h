@@ -12,9 +12,9 @@ public:
     // As Module1 and the disk are now; the pages are not looked at before they are needed.
     KnownSongs();
 
-    // "in the archive as no. 12", by the title, or by a page that is just the same picture; empty if it is
-    // not.
-    QString noteFor(const ComingSong &song);
+    // Finds the song in the archive, by its title, or by a page that is just the same picture. What is newly
+    // known is not ticked; what turns out to be new after all is ticked again.
+    void look(ComingSong &song);
 
 private:
     int songOfPage(const QString &file);
