@@ -12,6 +12,7 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QImage>
+#include <QImageWriter>
 #include <QTest>
 
 // Left half red, right half blue, 40 by 20, in any format.
@@ -30,10 +31,27 @@ static QByteArray picture(const char *format, QImage::Format pixels = QImage::Fo
     return buffer.data();
 }
 
+static QByteArray progressive()
+{
+    QBuffer buffer;
+    QImageWriter writer(&buffer, "jpg");
+    writer.setProgressiveScanWrite(true);
+    writer.write(QImage::fromData(picture("png", QImage::Format_RGB32, {400, 200})));
+    return buffer.data();
+}
+
+// The same in the four colours of a printer.
+static const QByteArray cmyk = QByteArray::fromBase64(
+    "/9j/7gAOQWRvYmUAZAAAAAAC/9sAQwANCQoLCggNCwoLDg4NDxMgFRMSEhMnHB4XIC4pMTAuKS0sMzpKPjM2RjcsLU"
+    "BXQUZMTlJTUjI+WmFaUGBKUVJP/9sAQwEODg4TERMmFRUmTzUtNU9PT09PT09PT09PT09PT09PT09PT09PT09PT09P"
+    "T09PT09PT09PT09PT09PT09PT09P/8AAFAgACAAQBAEiAAIRAQMRAQQiAP/EABYAAQEBAAAAAAAAAAAAAAAAAAAFB/"
+    "/EABQQAQAAAAAAAAAAAAAAAAAAAAD/xAAUAQEAAAAAAAAAAAAAAAAAAAAF/8QAGREAAgMBAAAAAAAAAAAAAAAAAAZD"
+    "gsHC/9oADgQBAAIRAxEEAAA/AL66AdshtyALEtdNOAf/2Q==");
+
 // A PDF of empty A4 pages, or of what is drawn on each.
 static QByteArray pdf(int pages,
                       const QByteArray &drawn = "1 0 0 rg 0 0 298 842 re f 0 0 1 rg 298 0 298 842 re f",
-                      const QByteArray &objects = {})
+                      const QByteArray &objects = {}, const QByteArray &trailer = {})
 {
     QByteArray bytes = "%PDF-1.4\n1 0 obj<</Type/Catalog/Pages 2 0 R>>endobj\n2 0 obj<</Type/Pages/Count "
         + QByteArray::number(pages) + "/Kids[";
@@ -45,7 +63,7 @@ static QByteArray pdf(int pages,
         bytes += QByteArray::number(4 + i)
             + " 0 obj<</Type/Page/Parent 2 0 R/MediaBox[0 0 596 842]/Resources<</XObject<</X0 1000 0 R>>>>"
               "/Contents 3 0 R>>endobj\n";
-    return bytes + objects + "trailer<</Root 1 0 R>>\n%%EOF\n";
+    return bytes + objects + "trailer<</Root 1 0 R" + trailer + ">>\n%%EOF\n";
 }
 
 static ComingSong song(const QString &title, const QString &left, const QString &right = {})
@@ -145,6 +163,8 @@ private slots:
         const ComingPage plain{"in/x", 0, 0, 0, ComingPage::Whole, 0};
         row("png", picture("png"), plain, "red|blue");
         row("png of 16 bits", picture("png", QImage::Format_RGBA64), plain, "red|blue");
+        row("png of 16 bits of grey", picture("png", QImage::Format_Grayscale16), plain, "#828282|#464646");
+        row("png of 1 bit", picture("png", QImage::Format_Mono), plain, "#000000|#000000");
         row("png with a palette", picture("png", QImage::Format_Indexed8), plain, "red|blue");
         row("bmp", picture("bmp"), plain, "red|blue");
         QImage clear(40, 20, QImage::Format_ARGB32);
@@ -173,6 +193,9 @@ private slots:
                                         "120103000100000006000000"
                                         "0000"));
         row("half of one that EXIF turns", exif, {"in/x", 0, 0, 0, ComingPage::LeftHalf, 0}, "red/blue");
+        row("half of a progressive jpeg", progressive(), {"in/x", 0, 0, 0, ComingPage::LeftHalf, 0},
+            "red|red");
+        row("half of a jpeg for printers", cmyk, {"in/x", 0, 0, 0, ComingPage::RightHalf, 0}, "blue|blue");
         row("pdf", pdf(1), {"in/x", 1, 200, 0, ComingPage::Whole, 0}, "red|blue");
         row("half of a pdf", pdf(1), {"in/x", 1, 200, 0, ComingPage::RightHalf, 0}, "blue|blue");
         row("pdf turned", pdf(1), {"in/x", 1, 200, 1, ComingPage::Whole, 0}, "red/blue");
@@ -209,6 +232,7 @@ private slots:
         const QByteArray png = picture("png", QImage::Format_RGB32, {300, 300});
         QByteArray bomb = picture("bmp");
         bomb.replace(18, 8, QByteArray::fromHex("204e0000204e0000")); // 20,000 by 20,000
+        const QByteArray largePng = picture("png", QImage::Format_Mono, {20'000, 2'001});
         QByteArray largeJpeg = picture("jpg");
         largeJpeg.replace(largeJpeg.indexOf("\xFF\xC0") + 5, 4, QByteArray::fromHex("4e204e20"));
         tableOf<Hostile>({
@@ -216,6 +240,7 @@ private slots:
             {"text", {"this is a text", "it is not a picture"}},
             {"a bmp of 20,000 by 20,000", {bomb, "it is broken"}},
             {"a jpeg of 20,000 by 20,000", {largeJpeg, "it has 20000 by 20000 pixels"}},
+            {"a png of 20,000 by 2,001", {largePng, "it has 20000 by 2001 pixels"}},
             {"a cut png", {png.first(png.size() / 2), "it is broken"}},
             {"a cut jpeg", {picture("jpg", QImage::Format_RGB32, {300, 300}).first(2000), ""}},
         });
@@ -245,10 +270,16 @@ private slots:
         put("none.pdf", pdf(0));
         put("text.pdf", "no PDF");
         put("huge.pdf", pdf(1).replace("596 842", "14400 14400"));
-        const QStringList files{"two.pdf", "none.pdf", "text.pdf", "huge.pdf"};
+        const QByteArray key(32, 'x');
+        put("locked.pdf",
+            pdf(1, {}, {},
+                "/Encrypt<</Filter/Standard/V 1/R 2/P -4/O(" + key + ")/U(" + key + ")>>/ID[<00><00>]"));
+        const QStringList files{"two.pdf", "none.pdf", "text.pdf", "huge.pdf", "locked.pdf"};
         QHash<QString, PdfInfo> infos = readPdfs(files);
         QCOMPARE(infos["two.pdf"].dpi, QList<int>({200, 200}));
-        QVERIFY(!infos["none.pdf"].result.ok() && !infos["text.pdf"].result.ok());
+        QCOMPARE(infos["none.pdf"].result.reason, "it has no pages");
+        QCOMPARE(infos["text.pdf"].result.reason, "it is broken, or no PDF");
+        QCOMPARE(infos["locked.pdf"].result.reason, "it is locked with a password");
         QVERIFY(infos["huge.pdf"].dpi.value(0) < 50);
         QVERIFY(readPdfs(files, [](int, int) { return false; }).isEmpty());
         const QByteArray path = qgetenv("PATH");
@@ -297,8 +328,8 @@ private slots:
         put("in/b.png", picture("png"));
         put("in/c.pdf", pdf(2));
         ComingSong book = song("Book", {});
-        book.left = {"in/c.pdf", 1, 200, 0, ComingPage::Whole, 0};
-        book.right = {"in/c.pdf", 2, 200, 1, ComingPage::Whole, 0};
+        book.left = {"in/c.pdf", 1, 10, 0, ComingPage::Whole, 0};
+        book.right = {"in/c.pdf", 2, 10, 1, ComingPage::Whole, 0};
         const QList<ComingSong> songs{song("A", "in/a.jpg", "in/b.png"), book};
         const auto before = tree();
         bool isDone = false;

@@ -25,6 +25,8 @@ Result resultOf(const Jobs::Outcome &outcome, const QString &file)
     case Jobs::End::Failed:
         break;
     }
+    if (outcome.errors.contains("the last page (0)"))
+        return noPages(file, "it has no pages");
     const bool isLocked = outcome.errors.contains("Incorrect password");
     return noPages(file, isLocked ? "it is locked with a password" : "it is broken, or no PDF");
 }
