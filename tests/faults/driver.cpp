@@ -1,11 +1,10 @@
 // fault_driver FOLDER OPERATION: one operation of the core in an archive's folder, as a window does it.
 // It prints nothing, so that its exit code is the truth whatever is refused to it: 0 done, 1 not done and
 // told so, 2 called wrongly, 3 the left page stored and the empty sheet told not to be; where the archive
-// holds the absorbed songs and pages of theirs are told to be missing or another's, 16 and one bit for each:
-// left and right of the first song, then of the second; 4 and one bit for each of two pages, left and right,
-// that is told to be still there while the other was taken away.
-// 7 where there was nothing to be done.
-// Where there is a folder "kept", earlier versions and what is typed and not saved are kept in it.
+// holds the new songs and files of theirs are told to be missing or another's, 32 and one bit for each: left
+// and right of the first song, then of the second, and its recording; 4 and one bit for each of two pages,
+// left and right, that is told to be still there while the other was taken away. 7 where there was nothing to
+// be done. Where there is a folder "kept", earlier versions and what is typed and not saved are kept in it.
 
 #include "archive/archive_operations.h"
 #include "audio/categories_file.h"
@@ -17,6 +16,7 @@
 #include "history/bring_back.h"
 #include "history/recovery.h"
 #include "history/versions.h"
+#include "intake/bring_in.h"
 #include "merge/absorb.h"
 #include "midi/midi_save.h"
 #include "pages/page_files.h"
@@ -109,7 +109,7 @@ static int saveMidiSettings()
     return saveMidi(table, 1, fields).outcome == MidiSaving::Outcome::Saved ? 0 : 1;
 }
 
-// One bit for each page of two new songs: left and right of the first, then of the second.
+// One bit for each file of two new songs: left and right of the first, then of the second, its recording.
 static int bitOf(const FileTrouble &trouble)
 {
     for (int bit = 0; bit < 4; bit += 1) {
@@ -117,7 +117,17 @@ static int bitOf(const FileTrouble &trouble)
         if (trouble.path == shownPath(pagePath(Module1.recCount + 1 + bit / 2, page)))
             return 1 << bit;
     }
-    return 0;
+    return trouble.path == shownPath(recordingPath(Module1.recCount + 2)) ? 1 << 4 : 0;
+}
+
+static int codeOf(const AppendReport &report)
+{
+    if (!report.result.ok())
+        return 1;
+    int troubled = 0;
+    for (const FileTrouble &trouble : report.notMade + report.notPlaced + report.notSetAside)
+        troubled |= bitOf(trouble);
+    return troubled == 0 ? 0 : 32 + troubled;
 }
 
 static int absorbTwo()
@@ -125,13 +135,22 @@ static int absorbTwo()
     const MergeSource source = readMergeSource("other");
     if (!loadArchive().result.ok() || !source.archive.result.ok())
         return 1;
-    const AbsorbReport report = absorb(source, {1, 2});
-    if (!report.result.ok())
+    return codeOf(absorb(source, {1, 2}));
+}
+
+// A JPEG, a picture that is made into one, a second song with the empty sheet and a recording.
+static int bringInTwo()
+{
+    if (!loadArchive().result.ok())
         return 1;
-    int troubled = 0;
-    for (const FileTrouble &trouble : report.notMade + report.notPlaced + report.notSetAside)
-        troubled |= bitOf(trouble);
-    return troubled == 0 ? 0 : 16 + troubled;
+    ComingSong first, second;
+    first.title = "First";
+    first.left.file = QDir::current().filePath("scans/1.jpg");
+    first.right.file = QDir::current().filePath("scans/2.png");
+    second.title = "Second";
+    second.left = first.left;
+    second.recording = QDir::current().filePath("scans/3.mp3");
+    return codeOf(bringIn({first, second}, {}));
 }
 
 static int beginPlaylists()
@@ -255,6 +274,7 @@ static constexpr Operation operations[] = {
     {"store-recording", storeCategoryAndRecording},
     {"save-midi", saveMidiSettings},
     {"absorb", absorbTwo},
+    {"bring-in", bringInTwo},
     {"begin-playlists", beginPlaylists},
     {"save-playlist", saveOnePlaylist},
     {"keep-typed", keepTyped},

@@ -10,6 +10,7 @@ and once the program has tidied up at its next start, all of them together are t
 --quick leaves out two of the errors and the calls made while the program itself is loaded. Exit code 1: a point did not hold;
 77: this machine lacks the tool or the right for every fault asked for. Work is done in TMPDIR."""
 
+import base64
 import collections
 import concurrent.futures
 import fcntl
@@ -23,6 +24,7 @@ import subprocess
 import sys
 import tempfile
 import time
+import zlib
 
 ERRORS = ["ENOSPC", "EACCES", "EIO", "EDQUOT"]
 # What a kill may leave; everything ignores it.
@@ -73,6 +75,30 @@ def put_stand(folder, kilobytes):
         put(f"{spartiti}{page}.jpg", os.urandom(512))
 
 
+# A red picture of 8 by 8; what stands behind its end does not count.
+JPEG = base64.b64decode(
+    "/9j/4AAQSkZJRgABAQAAAQABAAD/2wBDABALDA4MChAODQ4SERATGCgaGBYWGDEjJR0oOjM9PDkzODdASFxOQERXRTc4UG1RV1"
+    "9iZ2hnPk1xeXBkeFxlZ2P/2wBDARESEhgVGC8aGi9jQjhCY2NjY2NjY2NjY2NjY2NjY2NjY2NjY2NjY2NjY2NjY2NjY2NjY2Nj"
+    "Y2NjY2NjY2NjY2P/wAARCAAIAAgDASIAAhEBAxEB/8QAFQABAQAAAAAAAAAAAAAAAAAAAAX/xAAUEAEAAAAAAAAAAAAAAAAAAA"
+    "AA/8QAFQEBAQAAAAAAAAAAAAAAAAAABQb/xAAUEQEAAAAAAAAAAAAAAAAAAAAA/9oADAMBAAIRAxEAPwCKALXj/9k=")
+
+
+def png():
+    """The same."""
+    def chunk(name, data):
+        return struct.pack(">I", len(data)) + name + data + struct.pack(">I", zlib.crc32(name + data))
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", 8, 8, 8, 2, 0, 0, 0))
+            + chunk(b"IDAT", zlib.compress((b"\0" + b"\xff\0\0" * 8) * 8)) + chunk(b"IEND", b""))
+
+
+def put_scans(folder, kilobytes):
+    """The same with files that are to become two songs."""
+    put_stand(folder, kilobytes)
+    put(folder + "/scans/1.jpg", JPEG + os.urandom(1024 * kilobytes))
+    put(folder + "/scans/2.png", png())
+    put(folder + "/scans/3.mp3", os.urandom(1024 * kilobytes))
+
+
 def put_history(folder, kilobytes):
     """The same with an earlier version of the archive and of a page, and pages that are links."""
     put_stand(folder, kilobytes)
@@ -107,6 +133,7 @@ OPERATIONS = [
     Operation("save a playlist", "save-playlist", put_stand),
     Operation("save MIDI settings", "save-midi", put_stand),
     Operation("absorb two songs", "absorb", put_stand),
+    Operation("bring in two songs", "bring-in", put_scans),
     Operation("save with a version kept", "save-archive", put_history),
     Operation("store a page over a link, with a version kept", "store-left-page", put_link),
     Operation("keep what is typed", "keep-typed", put_history, False),
@@ -161,7 +188,8 @@ def absorbed_in_part(before, wanted, after, pages):
 
 def troubled_pages(before, code):
     songs = before["spartiti/archivio.js"].count(b"\n") // 5
-    return {f"spartiti/{songs + 1 + bit // 2}{'LR'[bit % 2]}.jpg" for bit in range(4) if code & 1 << bit}
+    files = [f"{songs + 1 + bit // 2}{'LR'[bit % 2]}.jpg" for bit in range(4)] + [f"audio/{songs + 2}.mp3"]
+    return {"spartiti/" + file for bit, file in enumerate(files) if code & 1 << bit}
 
 
 def is_kept_aside(path, before, after):
@@ -194,7 +222,7 @@ def verdict(before, wanted, after, code, may_lose=True):
     if code in (5, 6):  # one of two pages was taken away
         stays = "spartiti/1L.jpg" if code == 5 else "spartiti/1R.jpg"
         return None if after == {**wanted, stays: before[stays]} else "not what was told is still there"
-    if 16 < code < 32:
+    if 32 < code < 64:
         return absorbed_in_part(before, wanted, after, troubled_pages(before, code))
     expected = wanted if code in (0, 3) else before
     if code == 3:  # the left page, without the empty sheet
@@ -233,7 +261,7 @@ class Stand:
             code = self.run(folder, prefix)
             after = files_in(folder)
             wrong = self.verdict(folder, code)
-            whole = [self.before, self.wanted] if self.operation.command == "absorb" else [after]
+            whole = [self.before, self.wanted] if self.operation.command in ("absorb", "bring-in") else [after]
             return wrong or self.next_start(folder, whole if code < 0 else [after])
 
     def next_start(self, folder, good):
