@@ -1,6 +1,7 @@
 // The window "Earlier versions", and numbers that are emptied into them.
 #include "files/data_folder.h"
 #include "support/keeping.h"
+#include "support/table.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -89,6 +90,31 @@ private slots:
         QCOMPARE(contents(path), after);
     }
 
+    // What the question names is what lies on the disk, and not what was read once.
+    void whatAnotherProgramPutThere_isAskedAboutAndKept_data()
+    {
+        tableOf<QByteArray>(
+            {{"more songs", archiveOf({"A|||0", "B|||0", "C|||0", "D|||0", "E|||0"})}, {"damaged", "x"}});
+    }
+    void whatAnotherProgramPutThere_isAskedAboutAndKept()
+    {
+        const auto other = tableRow<QByteArray>();
+        Keeping program({Answer::Ok});
+        const QByteArray before = contents(path);
+        type(mainWindow, "Title", "Drei");
+        click(mainWindow, "Save");
+        put(path, other);
+        chooseMenu("Earlier versions…");
+        program.answers = {other == "x" ? Answer::Ok : Answer::Yes, Answer::Ok};
+        click(window, "Bring back");
+        QVERIFY2(other == "x" || program.told[1].contains("4 D\n5 E"), qPrintable(program.told[1]));
+        QCOMPARE(contents(path), before);
+        QCOMPARE(shownSong(), "3 Three");
+        QCOMPARE(
+            contents(program.rooms.history->versions.pathOf(program.rooms.history->versions.all().first())),
+            other);
+    }
+
     void whatWasTyped_isThrownAwayOnlyAfterAQuestion()
     {
         Keeping program({Answer::Ok, Answer::No});
@@ -144,7 +170,7 @@ private slots:
         program.rooms.history->versions.settle("./spartiti/generi.js", true);
         waitUntilActive(window);
         QCOMPARE(textsOf("Versions").section('|', 0, 3),
-                 "Categories|32 names changed|Right page of 3|5 bytes");
+                 "Categories|32 names changed|Right page of 3|replaced");
         clickRow(window, "Versions", rowOf("Right page of 3"));
         QVERIFY(control(window, "Page")->isVisible());
         click(window, "Bring back");

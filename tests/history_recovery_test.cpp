@@ -25,14 +25,10 @@ static QString titleIn(const QString &path)
 static void setSongs(const QStringList &songs)
 {
     Module1 = {};
-    for (const QString &song : songs) {
-        Module1.recCount += 1;
-        const auto n = static_cast<size_t>(Module1.recCount);
-        const QStringList fields = song.split('|');
-        Module1.recTitle[n] = fields.value(0);
-        Module1.recAuthor[n] = fields.value(1);
-        Module1.recTags[n] = fields.value(2);
-        Module1.recCategory[n] = fields.value(3);
+    Module1.recCount = static_cast<int>(songs.size());
+    for (qsizetype i = 0; i < songs.size(); i += 1) {
+        for (int field = 0; field < 4; field += 1)
+            columnOf(Field(field))[static_cast<size_t>(i) + 1] = songs[i].section('|', field, field);
     }
 }
 
@@ -40,8 +36,9 @@ static QStringList songs()
 {
     QStringList songs;
     for (size_t n = 1; n <= static_cast<size_t>(Module1.recCount) + 1; n += 1) {
-        const QStringList fields{Module1.recTitle[n], Module1.recAuthor[n], Module1.recTags[n],
-                                 Module1.recCategory[n]};
+        QStringList fields;
+        for (int field = 0; field < 4; field += 1)
+            fields += columnOf(Field(field))[n];
         songs += fields.join('|');
     }
     return songs;
@@ -167,12 +164,10 @@ private slots:
         const PutBack put = putBack({row.count, {row.song}}, edits);
         QCOMPARE(songs(), row.then);
         QCOMPARE(put.changedMeanwhile, row.isTold ? QList{row.song.record} : QList<int>());
-        const int count = Module1.recCount;
+        QCOMPARE(edits.stack().count(), put.records.size()); // no step where nothing was put back
         edits.stack().undo();
-        QStringList before = row.archive;
-        before.resize(count);
-        for (int i = 0; i < count; i += 1)
-            QCOMPARE(Module1.recTitle[static_cast<size_t>(i) + 1], before[i].section('|', 0, 0));
+        for (qsizetype i = 0; i < Module1.recCount; i += 1)
+            QCOMPARE(songs()[i].section('|', 0, 0), row.archive.value(i).section('|', 0, 0));
     }
 };
 

@@ -1,182 +1,201 @@
+// Which versions are kept, and that keeping them harms nothing.
 #include "files/data_folder.h"
+#include "files/replacement.h"
+#include "files/safe_write.h"
 #include "history/kept_folder.h"
 #include "history/versions.h"
+#include "support/table.h"
 #include "support/test_folder.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTest>
 
 #include <sys/stat.h>
 
 static const QString archive = "./spartiti/archivio.js";
+static constexpr qint64 day = 86400; // seconds
 
-static QDateTime at(int year, int month, int day, int hour = 12)
+static bool replaceKeeping(Versions &versions, const QString &path, const QByteArray &bytes)
 {
-    return QDateTime({year, month, day}, {hour, 0}).toUTC();
+    setReplacementKeeper({[&](const QString &file) { versions.keep(file); },
+                          [&](const QString &file, bool replaced) { versions.settle(file, replaced); }});
+    const bool done = replaceFile(path, bytes).ok();
+    setReplacementKeeper({});
+    return done && contents(path) == bytes;
 }
 
-static qint64 sizeOf(const QList<Version> &versions, Version::Kind kind)
-{
-    qint64 size = 0;
-    for (const Version &version : versions)
-        size += version.kind() == kind ? version.size : 0;
-    return size;
-}
-
-// Replaces a file as a safe write does: another file takes its name.
-static void replace(Versions &versions, const QString &path, const QByteArray &bytes)
-{
-    versions.keep(path);
-    put("new", bytes);
-    QDir().mkpath(QFileInfo(path).path());
-    QFile::remove(path);
-    QVERIFY(QFile::rename("new", path));
-    versions.settle(path, true);
-}
-
-static QByteArrayList keptBytes(const Versions &versions)
+static QByteArray keptBytes(const Versions &versions)
 {
     QByteArrayList bytes;
     for (const Version &version : versions.all())
         bytes += contents(versions.pathOf(version));
-    return bytes;
+    return bytes.join(' ');
 }
+
+static qint64 sizeOf(const Versions &versions)
+{
+    qint64 size = 0;
+    for (const Version &version : versions.all())
+        size += QFileInfo(versions.pathOf(version)).size();
+    return size;
+}
+
+// The stretch of which only the last of a data file stays: each for itself, a day, or a month.
+static QString stretchOf(const QDateTime &time, const QDateTime &now)
+{
+    const qint64 age = time.secsTo(now);
+    return time.toLocalTime().toString(age < day            ? "yyyyMMddhhmmsszzz"
+                                           : age < 31 * day ? "yyyyMMdd"
+                                                            : "yyyyMM");
+}
+
+struct Year {
+    QString path;
+    qint64 limit = 1'000'000;
+};
+
+// What was done to the place of the versions or to the file, and in how many places its bytes then lie.
+struct Place {
+    std::function<void()> prepare;
+    nlink_t links = 2;
+    QString versions = "kept";
+};
 
 class HistoryTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void init() { qputenv("XDG_DATA_HOME", ""); }
-
-    void rule_saysWhatStays_data()
+    void aYearOfAThousandReplacements_leavesWhatTheRuleSays_data()
     {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QDateTime>("earlier");
-        QTest::addColumn<QDateTime>("later");
-        QTest::addColumn<bool>("bothStay");
-        // now is noon of the 23rd of November
-        QTest::addRow("two of today") << "archivio.js" << at(2026, 11, 23, 8) << at(2026, 11, 23, 9) << true;
-        QTest::addRow("two of a day ago")
-            << "archivio.js" << at(2026, 11, 21, 8) << at(2026, 11, 21, 9) << false;
-        QTest::addRow("one each of two days") << "midi.js" << at(2026, 11, 20) << at(2026, 11, 21) << true;
-        QTest::addRow("two days of a month ago") << "midi.js" << at(2026, 9, 20) << at(2026, 9, 21) << false;
-        QTest::addRow("same month of two years") << "generi.js" << at(2024, 9, 20) << at(2025, 9, 20) << true;
-        QTest::addRow("pages of one day") << "1L.jpg" << at(2026, 9, 20, 8) << at(2026, 9, 20, 9) << true;
-        QTest::addRow("a page of 91 days") << "1L.jpg" << at(2026, 8, 24) << at(2026, 11, 20) << false;
-        QTest::addRow("a recording of 91 days")
-            << "audio/1.mp3" << at(2026, 8, 24) << at(2026, 11, 20) << false;
+        tableOf<Year>({
+            {"the archive", {archive}},
+            {"the archive, and little room", {archive, 1000}},
+            {"a page", {pagePath(1, Page::Left)}},
+            {"a recording, and little room", {recordingPath(1), 3000}},
+        });
     }
-    void rule_saysWhatStays()
+    void aYearOfAThousandReplacements_leavesWhatTheRuleSays()
     {
-        QFETCH(QString, file);
-        QFETCH(QDateTime, earlier);
-        QFETCH(QDateTime, later);
-        QFETCH(bool, bothStay);
-        const QList<Version> versions{{earlier, file, 1}, {later, file, 1}};
-        const QList<Version> gone = outlived(versions, at(2026, 11, 23));
-        QCOMPARE(gone, bothStay ? QList<Version>() : versions.first(1));
-        // Each file has its days for itself.
-        const QString other = file == "archivio.js" ? "midi.js" : "archivio.js";
-        QVERIFY(
-            !outlived({{earlier, other, 1}, {later, file, 1}}, at(2026, 11, 23)).contains({earlier, other, 1})
-            || bothStay);
-    }
-
-    void aYearOfSaves_leavesWhatTheRuleSays()
-    {
+        const auto row = tableRow<Year>();
         const TestFolder folder;
-        QDateTime now = at(2025, 11, 23, 0);
-        Versions versions("kept", [&now] { return now; });
-        put(archive, "0");
+        const bool isData = row.path == archive;
+        QDateTime now = QDateTime({2025, 11, 23}, {0, 0}).toUTC();
+        Versions versions(
+            "kept", [&now] { return now; },
+            {isData ? row.limit : 0, isData ? 0 : row.limit}); // the other kind has no room at all
+        put(row.path, "first");
+        QList<QDateTime> times;
         for (int i = 1; i <= 1000; i += 1) {
-            now = now.addSecs(365 * 86400 / 1000);
-            replace(versions, archive, QByteArray::number(i));
+            now = now.addSecs(365 * day / 1000);
+            times += now;
+            versions.keep(row.path);
+            QVERIFY(QFile::remove(row.path)); // a safe write would wait for the disk each time
+            put(row.path, QByteArray(100, 'x'));
+            versions.settle(row.path, true);
+            QVERIFY(i % 10 > 0 || sizeOf(versions) <= row.limit);
         }
-        now = now.addSecs(3601);
-        replace(versions, archive, "last");
-        const QList<Version> all = versions.all();
-        // 3 a day for the last day, one for each of the 30 days before, one for each month before.
-        QCOMPARE(outlived(all, now), {});
-        QVERIFY2(all.size() >= 40 && all.size() <= 48, qPrintable(QString::number(all.size())));
-        QCOMPARE(contents(versions.pathOf(all.first())), "1000");
+        QList<QDateTime> stay;
+        for (qsizetype i = 999; i >= 0 && (stay.size() + 1) * 100 <= row.limit; i -= 1) {
+            const bool isLast = i == 999 || stretchOf(times[i], now) != stretchOf(times[i + 1], now);
+            if (isData ? isLast : times[i].secsTo(now) < 90 * day)
+                stay += times[i];
+        }
+        QList<QDateTime> kept;
+        for (const Version &version : versions.all())
+            kept += version.until;
+        QCOMPARE(kept, stay);
     }
 
-    void limits_areNeverPassed()
+    void eachFile_hasItsDaysForItself()
     {
-        const TestFolder folder;
-        QDateTime now = at(2026, 1, 1);
-        Versions versions("kept", [&now] { return now; }, {1000, 3000});
-        for (int i = 0; i < 50; i += 1) {
-            now = now.addSecs(60);
-            for (const QString &path : {archive, pagePath(1, Page::Left)}) {
-                replace(versions, path, QByteArray(90 + i, static_cast<char>('a' + i % 26)));
-                QVERIFY(sizeOf(versions.all(), Version::Kind::Data) <= 1000);
-                QVERIFY(sizeOf(versions.all(), Version::Kind::Score) <= 3000);
-            }
-        }
-        QVERIFY(sizeOf(versions.all(), Version::Kind::Data) > 800);
-        QVERIFY(sizeOf(versions.all(), Version::Kind::Score) > 2800);
+        const QDateTime now({2026, 11, 23}, {12, 0}, Qt::UTC);
+        const QList<Version> two{{now.addDays(-5), "midi.js", 1}, {now.addDays(-5), "generi.js", 1}};
+        QCOMPARE(outlived(two, now), {});
     }
 
-    void keeping_isALinkThatOnlyStaysWithAReplacement()
+    void whatIsReplaced_isKeptWhereverItLies_data()
     {
+        const auto link = [](const char *to, const char *name) {
+            QVERIFY(QFile::link(QDir::current().filePath(to), name));
+        };
+        tableOf<Place>({
+            {"on the same disk", {[] {}}},
+            {"on another disk", {[] {}, 1, "/dev/shm/versions of a test"}},
+            {"in a folder that is a link", {[=] { QDir().mkdir("far"), link("far", "spartiti"); }}},
+            {"as a link to a file",
+             {[=] { put("mine.js", ""), QDir().mkdir("spartiti"), link("mine.js", "spartiti/archivio.js"); },
+              1}},
+        });
+    }
+    void whatIsReplaced_isKeptWhereverItLies()
+    {
+        const auto row = tableRow<Place>();
         const TestFolder folder;
-        Versions versions("kept");
+        QDir(row.versions).removeRecursively();
+        Versions versions(row.versions);
+        row.prepare();
         put(archive, "old");
         versions.keep(archive);
-        QCOMPARE(keptBytes(versions), QByteArrayList{"old"});
+        QCOMPARE(keptBytes(versions), "old");
         struct stat status {
         };
         QCOMPARE(stat("spartiti/archivio.js", &status), 0);
-        QCOMPARE(status.st_nlink, nlink_t{2});
-        versions.settle(archive, false);
-        QCOMPARE(keptBytes(versions), QByteArrayList());
-        replace(versions, archive, "new");
-        replace(versions, archive, "newer");
-        QCOMPARE(keptBytes(versions), (QByteArrayList{"new", "old"}));
+        QCOMPARE(status.st_nlink, row.links);
+        versions.settle(archive, false); // only a replacement that succeeds leaves a version
+        QCOMPARE(keptBytes(versions), "");
+        QVERIFY(replaceKeeping(versions, archive, "new") && replaceKeeping(versions, archive, "newer"));
+        QCOMPARE(keptBytes(versions), "new old");
         // What is not the data folder's own is none of its business.
         for (const char *path : {"./other.js", "./spartiti/ARCHIVIO.CSV", "./spartiti/12l.jpg"}) {
             put(path, "x");
-            versions.keep(path);
-            versions.settle(path, true);
+            QVERIFY(replaceKeeping(versions, path, "y"));
         }
         QCOMPARE(versions.all().size(), 2);
+        // A kill has left a second name of the present file: a program that writes in place would change
+        // both.
+        versions.keep(archive);
+        Versions next(row.versions);
+        QVERIFY(replaceKeeping(next, pagePath(1, Page::Left), "page"));
+        QVERIFY(replaceKeeping(next, pagePath(1, Page::Left), "other page"));
+        QCOMPARE(keptBytes(next).contains("newer"), row.links == 1);
+        QDir(row.versions).removeRecursively();
     }
 
-    void keeping_aLinkedPageTakesItsBytes()
+    // The file is replaced whatever somebody has done there, and is kept where it can be.
+    void aSpoiltFolder_harmsNothing_data()
     {
-        const TestFolder folder;
-        Versions versions("kept");
-        put("mine.jpg", "mine");
-        QDir().mkpath("spartiti");
-        QVERIFY(QFile::link(QDir::current().filePath("mine.jpg"), "spartiti/1R.jpg"));
-        versions.keep(pagePath(1, Page::Right));
-        versions.settle(pagePath(1, Page::Right), true);
-        put("mine.jpg", "changed");
-        QCOMPARE(keptBytes(versions), QByteArrayList{"mine"});
+        tableOf<Place>({
+            {"emptied", {[] { QDir("kept").removeRecursively(); }}},
+            {"a file", {[] { QDir("kept").removeRecursively(), put("kept", ""); }, 0}},
+            {"cannot be had", {[] {}, 0, "/proc/versions"}},
+            {"rubbish", {[] {
+                 for (int i = 0; i < 10'000; i += 1)
+                     put(QStringLiteral("kept/rubbish %1").arg(i), "x");
+                 put("kept/20261301T000000000Z archivio.js", "no such month");
+                 put("kept/20260101T000000000Z rubbish.js", "no such file");
+                 QDir().mkpath("kept/20260101T000000000Z midi.js");
+                 QVERIFY(mkfifo("kept/20260101T000000000Z 1L.jpg", 0600) == 0);
+                 QVERIFY(QFile::link(QDir::current().filePath("kept"), "kept/20260101T000000000Z 1R.jpg"));
+             }}},
+        });
     }
-
     void aSpoiltFolder_harmsNothing()
     {
+        const auto row = tableRow<Place>();
         const TestFolder folder;
-        Versions versions("kept");
-        put(archive, "one");
-        put("kept/rubbish", "x");
-        put("kept/20261301T000000000Z archivio.js", "no such month");
-        QDir().mkpath("kept/20260101T000000000Z midi.js");
-        replace(versions, archive, "two");
-        QCOMPARE(versions.all().size(), 1);
-        QDir("kept").removeRecursively();
-        replace(versions, archive, "three");
-        QCOMPARE(keptBytes(versions), QByteArrayList{"two"});
-        QDir("kept").removeRecursively();
-        put("kept", "a file where the folder was");
-        versions.keep(archive);
-        versions.settle(archive, true);
-        QCOMPARE(contents(archive), "three");
-        QCOMPARE(versions.all(), {});
+        QDateTime now = QDateTime::currentDateTimeUtc();
+        Versions versions(row.versions, [&now] { return now; });
+        QVERIFY(replaceKeeping(versions, archive, "one") && replaceKeeping(versions, archive, "two"));
+        row.prepare();
+        now = now.addSecs(2 * 3600); // all of the folder is looked at again
+        QVERIFY(replaceKeeping(versions, archive, "three"));
+        QCOMPARE(keptBytes(versions).startsWith("two"), row.links > 0);
+        QCOMPARE(versions.takeLast("archivio.js").has_value(), row.links > 0);
+        now = now.addYears(-3); // somebody set the clock back
+        QVERIFY(replaceKeeping(versions, archive, "four"));
+        const auto last = versions.takeLast("archivio.js");
+        QVERIFY(row.links == 0 || (last && contents(versions.pathOf(*last)) == "three"));
     }
 
     void keptFolder_isKnownAgainWhereverTheDataFolderGoes()
@@ -185,7 +204,6 @@ private slots:
         qputenv("XDG_DATA_HOME", QFile::encodeName(QDir::current().filePath("share")));
         QVERIFY(QDir().mkpath("stand/spartiti") && QDir().mkpath("other/spartiti"));
         QVERIFY(QFile::link("stand", "link"));
-        QStringList found;
         const QString top = QDir::currentPath();
         const auto keptIn = [&](const QString &name) {
             QDir::setCurrent(top + '/' + name);

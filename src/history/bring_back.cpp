@@ -22,9 +22,10 @@ ArchiveTable archiveOfVersion(const QString &path)
 
 QStringList songsBehind(int count)
 {
+    const ArchiveTable present = archiveOfVersion(archivePath());
     QStringList songs;
-    for (int n = count + 1; n <= Module1.recCount; n += 1)
-        songs += QStringLiteral("%1 %2").arg(n).arg(Module1.recTitle[static_cast<size_t>(n)]);
+    for (int n = count + 1; n <= present.count(); n += 1)
+        songs += songForPeople(n, present.text(present.records[static_cast<size_t>(n)].title));
     return songs;
 }
 
@@ -40,7 +41,7 @@ static Result putThere(const QString &path, const QString &target, Version::Kind
 
 Result bringBack(Versions &versions, const Version &version)
 {
-    const QString target = dataFolder() + '/' + version.file;
+    const QString target = dataFile(version.file);
     if (const Result kept = versions.secure(target); !kept.ok())
         return kept;
     const Result done = putThere(versions.pathOf(version), target, version.kind());

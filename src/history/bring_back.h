@@ -11,7 +11,7 @@ class Versions;
 // A version of the archive, read; its result tells if it is damaged.
 ArchiveTable archiveOfVersion(const QString &path);
 
-// The songs that an archive of `count` songs would lack: "12 Amazing Grace", as they are in memory.
+// The songs of the archive on the disk that one of `count` songs lacks: "12 Amazing Grace".
 QStringList songsBehind(int count);
 
 // Puts a version of a file in place of the present one, which becomes a version itself; where it cannot be

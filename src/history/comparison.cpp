@@ -4,12 +4,14 @@
 #include "archive/archive_table.h"
 #include "audio/categories_file.h"
 #include "files/data_folder.h"
+#include "files/platform.h"
 #include "files/safe_write.h"
 #include "history/unsaved.h"
 #include "midi/midi_file.h"
 #include "playlists/playlist_file.h"
 #include "text/counting.h"
 
+#include <QFileInfo>
 #include <QMap>
 
 // A song, a playlist, a block of MIDI settings or a category, as it is compared.
@@ -194,19 +196,33 @@ static Entries onlyThoseIn(const Entries &wanted, const Entries &all)
     return some;
 }
 
+// Of a page or a recording, which hold nothing that could be named.
+static QString whatIsThereNow(const Version &version, const QString &path)
+{
+    const QString present = dataFile(version.file);
+    QByteArray bytes;
+    if (isMissing(present))
+        return "none is there now";
+    if (QFileInfo(present).size() != version.size || !readWhole(path, bytes).ok())
+        return "replaced";
+    return holdsJust(present, bytes) ? "the same as now" : "replaced";
+}
+
 Differences compareWithNow(const Version &version, const QString &path)
 {
     Differences comparison;
     const Comparable *file = comparableOf(version.file);
-    if (!file)
+    if (!file) {
+        comparison.summary = whatIsThereNow(version, path);
         return comparison;
+    }
     Entries then;
     Entries now;
     comparison.result = file->read(path, then);
     if (!comparison.result.ok())
         return comparison;
     const bool isOfSongs = file->thing == "title";
-    const Result present = isOfSongs ? Result() : file->read(dataFolder() + '/' + version.file, now);
+    const Result present = isOfSongs ? Result() : file->read(dataFile(version.file), now);
     if (isOfSongs)
         now = songsInMemory();
     if (version.file == unsavedName) // it has but the songs that were typed

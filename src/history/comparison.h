@@ -19,9 +19,9 @@ struct Difference {
 struct Differences {
     Result result; // anything but fine: the version could not be read
     QString summary; // "3 titles changed, 1 new"; of what has happened since
-    QList<Difference> differences;
+    QList<Difference> differences; // none of a page or a recording
 };
 
-// Compares the version of a data file that lies in `path` with the present one: of the archive that is what
+// Compares the version of a file that lies in `path` with the present one: of the archive that is what
 // is in memory, saved or not, else what lies on the disk.
 Differences compareWithNow(const Version &version, const QString &path);

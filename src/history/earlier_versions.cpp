@@ -1,10 +1,10 @@
 #include "history/earlier_versions.h"
 
-#include "controls/image_frame.h"
 #include "history/bring_back.h"
 #include "history/recovery_question.h"
 #include "history/unsaved.h"
 #include "songs/edits.h"
+#include "songs/page_pane.h"
 #include "text/counting.h"
 #include "window/message_box.h"
 
@@ -46,7 +46,7 @@ EarlierVersions::EarlierVersions(Doors doors)
     halves->addWidget(makeVersions());
     halves->addWidget(makeDetails());
     halves->setChildrenCollapsible(false);
-    halves->setSizes({560, 400});
+    halves->setSizes({500, 460});
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(halves, 1);
     layout->addLayout(makeButtons());
@@ -60,8 +60,8 @@ QWidget *EarlierVersions::makeVersions()
 {
     versions_ = tableOf(model_, "Versions");
     versions_->setSelectionMode(QAbstractItemView::SingleSelection);
-    versions_->setColumnWidth(VersionsModel::Until, 190);
-    versions_->setColumnWidth(VersionsModel::File, 170);
+    for (const int column : {VersionsModel::Until, VersionsModel::File})
+        versions_->horizontalHeader()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
     connect(versions_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { showVersion(); });
     return versions_;
@@ -71,10 +71,11 @@ QWidget *EarlierVersions::makeDetails()
 {
     differing_ = new QStandardItemModel(this);
     differences_ = tableOf(differing_, "Differences");
+    differences_->horizontalHeader()->setStretchLastSection(false); // or a long text there would be cut
+    differences_->horizontalHeader()->setMaximumSectionSize(400);
     connect(differences_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { chosen_->setEnabled(!chosenSongs().isEmpty()); });
-    picture_ = new ImageFrame(this);
-    picture_->setAccessibleName("Page");
+    picture_ = new PagePane("Page", this);
     recording_ = new QLabel;
     recording_->setAlignment(Qt::AlignCenter);
     recording_->setWordWrap(true);
@@ -142,7 +143,7 @@ void EarlierVersions::showVersion()
         details_->setCurrentWidget(differences_);
     } else if (model_->at(shown).file.endsWith(".jpg")) {
         details_->setCurrentWidget(picture_);
-        picture_->showFile(model_->pathOf(shown));
+        picture_->showPage(model_->pathOf(shown));
     } else {
         recording_->setText(nameForPeople(model_->at(shown).file));
         details_->setCurrentWidget(recording_);
@@ -155,8 +156,10 @@ void EarlierVersions::showDifferences(const Differences &comparison)
     differing_->setHorizontalHeaderLabels({"Which", "Field", "Then", "Now"});
     for (const Difference &difference : comparison.differences) {
         QList<QStandardItem *> cells;
-        for (const QString &text : {difference.what, difference.field, difference.then, difference.now})
+        for (const QString &text : {difference.what, difference.field, difference.then, difference.now}) {
             cells += new QStandardItem(text);
+            cells.last()->setToolTip(text);
+        }
         cells.first()->setData(difference.record, recordRole);
         differing_->appendRow(cells);
     }
@@ -185,11 +188,8 @@ bool EarlierVersions::mayLoseSongs(const QString &path) const
     const QStringList songs = songsBehind(archiveOfVersion(path).count());
     if (songs.isEmpty())
         return true;
-    QString named = songs.first(qMin(mostNamed, songs.size())).join('\n');
-    if (songs.size() > mostNamed)
-        named += QStringLiteral("\nand %1 more").arg(songs.size() - mostNamed);
-    return askBeforeLoss("This version does not have these songs, and they would go:\n" + named
-                         + "\nDo you want to bring it back all the same?");
+    return askBeforeLoss("This version does not have these songs, and they would go:\n"
+                         + someOf(songs, mostNamed, "\n") + "\nDo you want to bring it back all the same?");
 }
 
 bool EarlierVersions::mayBringBack(const Version &version, const QString &path) const

@@ -6,7 +6,7 @@
 #include <functional>
 
 class Edits;
-class ImageFrame;
+class PagePane;
 class QLabel;
 class QPushButton;
 class QStackedWidget;
@@ -59,7 +59,7 @@ private:
     QTableView *versions_ = nullptr;
     QTableView *differences_ = nullptr;
     QStandardItemModel *differing_ = nullptr;
-    ImageFrame *picture_ = nullptr;
+    PagePane *picture_ = nullptr;
     QLabel *recording_ = nullptr;
     QStackedWidget *details_ = nullptr;
     QPushButton *all_ = nullptr; // Bring back

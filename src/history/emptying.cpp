@@ -2,6 +2,7 @@
 
 #include "archive/Module1.h"
 #include "files/data_folder.h"
+#include "history/unsaved.h"
 #include "history/versions.h"
 #include "songs/edits.h"
 #include "songs/songs_on_disk.h"
@@ -53,20 +54,11 @@ Emptied emptySongs(Edits &edits, Versions &versions, const QList<int> &songs, co
     return emptied;
 }
 
-// The first few, and how many there are beside them.
-static QString someOf(QStringList texts, const QString &separator)
-{
-    const qsizetype more = texts.size() - mostNamed;
-    if (more > 0)
-        texts = texts.first(mostNamed) << QStringLiteral("and %1 more").arg(more);
-    return texts.join(separator);
-}
-
 static QStringList namesOf(const QList<int> &songs)
 {
     QStringList names;
     for (const int n : songs)
-        names += QStringLiteral("%1 %2").arg(n).arg(Module1.recTitle[static_cast<size_t>(n)].left(100));
+        names += songForPeople(n, Module1.recTitle[static_cast<size_t>(n)]);
     return names;
 }
 
@@ -81,7 +73,7 @@ static QStringList playlistsWith(const QList<int> &songs, const SongsOnDisk &dis
                 held += QString::number(n);
         }
         if (!held.isEmpty())
-            lines += playlist.name + ": " + someOf(held, ", ");
+            lines += playlist.name + ": " + someOf(held, mostNamed, ", ");
     }
     return lines;
 }
@@ -102,7 +94,7 @@ QString emptyingQuestion(const QList<int> &songs, const SongsOnDisk &disk, qint6
     QString text =
         (songs.size() == 1 ? "Do you want to empty this number?\n"
                            : "Do you want to empty these " + counted(songs.size(), "number") + "?\n")
-        + someOf(namesOf(songs), "\n")
+        + someOf(namesOf(songs), mostNamed, "\n")
         + "\n\nTitle, author, tags and category go with the next Save. Pages and recordings go now and are "
           "kept under \"Earlier versions\" for 90 days. All songs keep their numbers.";
     if (sizeOfFiles(songs) > keptBytes)
@@ -111,7 +103,8 @@ QString emptyingQuestion(const QList<int> &songs, const SongsOnDisk &disk, qint6
                            "last %2 would be lost.")
                 .arg(QLocale().formattedDataSize(sizeOfFiles(songs)), QLocale().formattedDataSize(keptBytes));
     if (!playlists.isEmpty())
-        text += "\n\nThese playlists hold them, and would show an empty line:\n" + someOf(playlists, "\n");
+        text += "\n\nThese playlists hold them, and would show an empty line:\n"
+            + someOf(playlists, mostNamed, "\n");
     if (!disk.failures().isEmpty())
         text += "\n\n" + disk.failures().join('\n');
     return text;

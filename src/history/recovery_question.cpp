@@ -9,15 +9,15 @@
 #include <QFile>
 
 static constexpr qsizetype mostNamed = 5;
+static constexpr qsizetype mostNumbered = 20;
 
 static QString question(const Unsaved &unsaved)
 {
-    QString text = "Tessaline ended before these changes were saved:\n";
-    for (const UnsavedSong &song : unsaved.songs.first(qMin(mostNamed, unsaved.songs.size())))
-        text += QStringLiteral("%1 %2\n").arg(song.record).arg(song.is[0]);
-    if (unsaved.songs.size() > mostNamed)
-        text += QStringLiteral("and %1 more\n").arg(unsaved.songs.size() - mostNamed);
-    return text + "Do you want them back?";
+    QStringList songs;
+    for (const UnsavedSong &song : unsaved.songs)
+        songs += songForPeople(song.record, song.is[0]);
+    return "Tessaline ended before these changes were saved:\n" + someOf(songs, mostNamed, "\n")
+        + "\nDo you want them back?";
 }
 
 QString putBackText(const PutBack &put)
@@ -30,7 +30,7 @@ QString putBackText(const PutBack &put)
     for (const int n : put.changedMeanwhile)
         numbers += QString::number(n);
     return text + "\nThese have changed in the archive since and were left as they are now: "
-        + numbers.join(", ") + ". What was typed is kept under \"Earlier versions\".";
+        + someOf(numbers, mostNumbered, ", ") + ". What was typed is kept under \"Earlier versions\".";
 }
 
 // Returns the last song that was put back, else 0.

@@ -22,9 +22,8 @@ ScoreStep::ScoreStep(Edits &edits, Versions &versions, const QString &text, cons
 // What was there is kept before anything is put there, or nothing is put there.
 Result ScoreStep::exchange(File &file)
 {
-    const Result done = file.other.until.isValid()
-        ? bringBack(versions_, file.other)
-        : versions_.takeAway({dataFolder() + '/' + file.name}).constFirst();
+    const Result done = file.other.until.isValid() ? bringBack(versions_, file.other)
+                                                   : versions_.takeAway({dataFile(file.name)}).constFirst();
     if (done.ok()) {
         file.other = versions_.takeLast(file.name).value_or(Version());
         file.isDone = !file.isDone;
@@ -41,7 +40,7 @@ void ScoreStep::step(bool toDone)
         if (files_[i].isDone == toDone)
             continue;
         goesOn = goesOn && progress(static_cast<int>(i), static_cast<int>(files_.size()));
-        const QString path = dataFolder() + '/' + files_[i].name;
+        const QString path = dataFile(files_[i].name);
         const Result done =
             goesOn ? exchange(files_[i]) : Result::failed(Result::Kind::Cancelled, path, "it was cancelled");
         if (!done.ok())

@@ -11,6 +11,12 @@
 
 #include <algorithm>
 
+QString songForPeople(int record, const QString &title)
+{
+    static constexpr int mostLetters = 100;
+    return QStringLiteral("%1 %2").arg(record).arg(title.left(mostLetters));
+}
+
 static QJsonArray jsonOf(const SongFields &fields)
 {
     QJsonArray array;
@@ -128,7 +134,6 @@ static void setFields(Edits &edits, const UnsavedSong &song)
 PutBack putBack(const Unsaved &unsaved, Edits &edits)
 {
     PutBack put;
-    edits.stack().beginMacro("what was typed and not saved");
     for (const UnsavedSong &song : unsaved.songs) {
         if (song.record <= Module1.recCount && isInMemory(song.record, song.is))
             continue;
@@ -136,6 +141,8 @@ PutBack putBack(const Unsaved &unsaved, Edits &edits)
             put.changedMeanwhile += song.record;
             continue;
         }
+        if (put.records.isEmpty())
+            edits.stack().beginMacro("what was typed and not saved");
         if (song.record > Module1.recCount && song.record <= unsaved.count) {
             Module1.recCount = song.record;
             edits.added();
@@ -143,7 +150,8 @@ PutBack putBack(const Unsaved &unsaved, Edits &edits)
         setFields(edits, song);
         put.records += song.record;
     }
-    edits.stack().endMacro();
+    if (!put.records.isEmpty())
+        edits.stack().endMacro();
     return put;
 }
 

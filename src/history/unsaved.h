@@ -9,6 +9,9 @@
 
 class Edits;
 
+// How a song is named in a question: "12 Amazing Grace"; a title may be long.
+QString songForPeople(int record, const QString &title);
+
 // What was typed and not saved, so that it outlives the program: the songs that differ from the archive on
 // the disk, with all their fields.
 

@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
 
 #include <filesystem>
 #include <utility>
@@ -58,12 +57,8 @@ static bool isSameFile(const QString &one, const QString &other)
 // long ago.
 void Versions::clearLeavings(QList<Version> &versions) const
 {
-    QSet<QString> seen;
-    versions.removeIf([&](const Version &version) {
-        const bool isNewest = !seen.contains(version.file);
-        seen += version.file;
-        return isNewest && isSameFile(pathOf(version), dataFolder() + '/' + version.file)
-            && QFile::remove(pathOf(version));
+    versions.removeIf([this](const Version &version) {
+        return isSameFile(pathOf(version), dataFile(version.file)) && QFile::remove(pathOf(version));
     });
     for (const QFileInfo &entry : QDir(folder_).entryInfoList({"* *.??????"}, QDir::Files)) {
         const bool isBegun = versionOf(entry.completeBaseName(), 0).until.isValid();
@@ -220,9 +215,11 @@ bool Versions::keepBytes(const QString &file, QByteArrayView bytes)
     know();
     const Version kept =
         store(file, [&](const QString &to) { return !QFileInfo::exists(to) && replaceFile(to, bytes).ok(); });
-    if (kept.until.isValid())
-        add(kept);
-    return kept.until.isValid();
+    if (!kept.until.isValid())
+        return false;
+    add(kept);
+    thin();
+    return true;
 }
 
 // Going through all of them takes longer than a save may: the rule is kept once an hour, the limits always.

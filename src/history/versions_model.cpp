@@ -68,8 +68,6 @@ QVariant VersionsModel::data(const QModelIndex &index, int role) const
         return QLocale().toString(version.until.toLocalTime(), "d MMM yyyy HH:mm:ss");
     if (index.column() == File)
         return nameForPeople(version.file);
-    if (version.kind() == Version::Kind::Score)
-        return QLocale().formattedDataSize(version.size);
     const Differences &differs = comparison(index.row());
     return differs.result.ok() ? differs.summary : differs.result.text();
 }

@@ -7,8 +7,9 @@ and once the program has tidied up at its next start, all of them together are t
     faults.py [--quick] [--only=WORDS] DRIVER [FAULT ...]      FAULT: kill refuse full rights power
 
 --only takes the operations of which the name holds WORDS.
---quick leaves out two of the errors and the calls made while the program itself is loaded. Exit code 1: a point did not hold;
-77: this machine lacks the tool or the right for every fault asked for. Work is done in TMPDIR."""
+--quick leaves out two of the errors and the calls made while the program itself is loaded, which are else
+tried with the first operation. Exit code 1: a point did not hold; 77: this machine lacks the tool or the
+right for every fault asked for. Work is done in TMPDIR."""
 
 import base64
 import collections
@@ -284,7 +285,8 @@ class Stand:
             for name in re.findall(r"^(\w+)\(", file.read(), re.MULTILINE):
                 counts[name] += 1
                 calls.append((name, counts[name]))
-        return calls if loading and not quick else calls[calls.index(("chdir", 1)) + 1:]
+        is_tried = loading and self.operation is OPERATIONS[0] and not quick  # all are loaded alike
+        return calls if is_tried else calls[calls.index(("chdir", 1)) + 1:]
 
 
 def need(*tools):
