@@ -1,18 +1,12 @@
 #include "archive/archive_file.h"
-#include "files/safe_write.h"
 #include "merge/absorb.h"
+#include "support/table.h"
 #include "support/test_folder.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QLockFile>
-#include <QTest>
-
-using Act = std::function<void()>;
-Q_DECLARE_METATYPE(Act)
 
 static const QStringList otherSongs = {"First|X|x y|5", "Second|Y||", "Third|Z|z|99"};
-
 static const QString other = "Ann's \"old\" stand, é/";
 
 static QByteArray page(const QString &name)
@@ -36,28 +30,20 @@ struct TwoInstallations {
     }
 };
 
+struct Refused {
+    QString reason; // how it ends
+    std::function<void()> before = [] {};
+    std::function<void()> meanwhile = [] {}; // while the second page is made ready
+    rlim_t room = 1'000'000; // for each file
+};
+
+// The archive on the disk, null where it cannot be read, whether there is a note, and what is there then.
+using Finishing = std::tuple<QByteArray, bool, QStringList>;
+
 class AbsorbTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void source_listsItsWholeRecordsAndTellsCuts()
-    {
-        const TestFolder folder;
-        const QByteArray whole = archiveOf(otherSongs);
-        QCOMPARE(readMergeSource(other).archive.result.kind, Result::Kind::Missing);
-        for (qsizetype size = 0; size <= whole.size(); size += 1) {
-            put(archivePath(other), whole.first(size));
-            const ArchiveTable read = readMergeSource(other).archive;
-            QCOMPARE(read.result.ok(), size > 0);
-            QCOMPARE(read.endMissing, size > 0 && size < whole.size() - 2);
-            for (int i = 1; i <= read.count(); i += 1)
-                QCOMPARE(read.text(read.records[static_cast<size_t>(i)].title),
-                         otherSongs[i - 1].section('|', 0, 0));
-        }
-        put(archivePath(other), archiveOf(QStringList(10'001, "T|||")));
-        QCOMPARE(readMergeSource(other).archive.result.kind, Result::Kind::TooLarge);
-    }
-
     void absorb_appendsInTheOrderChosenAndCopiesPages()
     {
         const TwoInstallations both;
@@ -106,51 +92,40 @@ private slots:
 
     void refused_changesNothing_data()
     {
-        QTest::addColumn<Act>("before");
-        QTest::addColumn<Act>("meanwhile"); // while the second page is made ready
-        QTest::addColumn<int>("room"); // for each file
-        QTest::addColumn<QString>("reason");
-        const Act none = [] {};
-        const int enough = 1'000'000;
-        const Act unplug = [] { QVERIFY(QDir().rename(other, "unplugged")); };
-        const Act swap = [] {
+        const auto unplug = [] { QVERIFY(QDir().rename(other, "unplugged")); };
+        const auto swap = [] {
             put(archivePath(other), archiveOf({"Quite|an|other|1", "two|||", "three|||"}));
         };
-        QTest::addRow("damaged") << Act([] { Module1.archiveRefusal = "It is damaged."; }) << none << enough
-                                 << "It is damaged.";
-        QTest::addRow("no room") << Act([] { Module1.recCount = 9998; }) << none << enough
-                                 << "The archive has room for 1 more titles, and 2 are ticked.";
-        QTest::addRow("source gone") << unplug << none << enough
-                                     << "/spartiti/archivio.js is no longer there.";
-        QTest::addRow("source goes") << none << unplug << enough
-                                     << "/spartiti/archivio.js is no longer there.";
-        QTest::addRow("source swapped") << swap << none << enough << " has changed since it was listed.";
-        QTest::addRow("source is swapped") << none << swap << enough << " has changed since it was listed.";
-        QTest::addRow("disk full") << none << none << 20 << "File too large";
-        QTest::addRow("no room for a page")
-            << Act([] { put(pagePath(2, Page::Right, other), QByteArray(9000, 'x')); }) << none << 8000
-            << "File too large";
+        const auto damage = [] { Module1.archiveRefusal = "It is damaged."; };
+        const auto fill = [] { Module1.recCount = 9998; };
+        const auto putLargePage = [] { put(pagePath(2, Page::Right, other), QByteArray(9000, 'x')); };
+        const QString gone = "/spartiti/archivio.js is no longer there.";
+        const QString changed = " has changed since it was listed.";
+        tableOf<Refused>({{"damaged", {"It is damaged.", damage}},
+                          {"no room", {"The archive has room for 1 more titles, and 2 are ticked.", fill}},
+                          {"source gone", {gone, unplug}},
+                          {"source goes", {gone, [] {}, unplug}},
+                          {"source swapped", {changed, swap}},
+                          {"source is swapped", {changed, [] {}, swap}},
+                          {"disk full", {"File too large", [] {}, [] {}, 20}},
+                          {"no room for a page", {"File too large", putLargePage, [] {}, 8000}}});
     }
-
     void refused_changesNothing()
     {
-        QFETCH(Act, before);
-        QFETCH(Act, meanwhile);
-        QFETCH(int, room);
-        QFETCH(QString, reason);
+        const auto row = tableRow<Refused>();
         const TwoInstallations both;
         const MergeSource source = readMergeSource(other);
         const QByteArray archive = page("archivio.js");
         Module1.recTitle[3] = "typed at the spare position";
         put("spartiti/3R.jpg", "from before");
-        before();
-        const FullDisk disk(static_cast<rlim_t>(room));
+        row.before();
+        const FullDisk disk(row.room);
         const AbsorbReport report = absorb(source, {1, 2}, [&](int done, int) {
             if (done == 1)
-                meanwhile();
+                row.meanwhile();
             return true;
         });
-        QVERIFY2(report.result.text().endsWith(reason), qPrintable(report.result.text()));
+        QCOMPARE(report.result.text().last(row.reason.size()), row.reason);
         QCOMPARE(page("archivio.js"), archive);
         QCOMPARE(Module1.recTitle[3] + Module1.recTitle[4], "typed at the spare position");
         QCOMPARE(namesIn("spartiti"), QStringList({"3R.jpg", "archivio.js"}));
@@ -201,24 +176,17 @@ private slots:
 
     void finishing_goesByTheArchiveOnTheDisk_data()
     {
-        QTest::addColumn<QByteArray>("archive"); // null: it cannot be read
-        QTest::addColumn<bool>("hasNote");
-        QTest::addColumn<QStringList>("names");
+        const QStringList done = {"3L.jpg", "3R (old 1).jpg", "archivio.js", "audio"};
         const QStringList undone = {"3R.jpg", "archivio.js"};
         const QByteArray written = archiveOf({"One|||", "Two|||", "Three|||"});
-        QTest::addRow("written") << written << true
-                                 << QStringList({"3L.jpg", "3R (old 1).jpg", "archivio.js", "audio"});
-        QTest::addRow("not written") << archiveOf({"One|||", "Two|||"}) << true << undone;
-        QTest::addRow("not all ready") << written << false << undone;
-        QTest::addRow("nobody knows")
-            << QByteArray() << true << QStringList({"3R.jpg", "archivio.js", "arriving"});
+        tableOf<Finishing>({{"written", {written, true, done}},
+                            {"not written", {archiveOf({"One|||", "Two|||"}), true, undone}},
+                            {"not all ready", {written, false, undone}},
+                            {"nobody knows", {{}, true, undone + QStringList("arriving")}}});
     }
-
     void finishing_goesByTheArchiveOnTheDisk()
     {
-        QFETCH(QByteArray, archive);
-        QFETCH(bool, hasNote);
-        QFETCH(QStringList, names);
+        const auto [archive, hasNote, names] = tableRow<Finishing>();
         const TestFolder folder;
         if (archive.isNull())
             QVERIFY(QDir().mkpath("spartiti/archivio.js"));
@@ -231,12 +199,13 @@ private slots:
         const QByteArray fingerprint = QCryptographicHash::hash(wanted, QCryptographicHash::Sha256).toHex();
         if (hasNote)
             put("spartiti/arriving/note.txt", fingerprint + "\naside 3R\nput 3L\nput 3\nput ../../x\n");
+        const bool isDone = names.contains("audio");
         for (int times = 0; times < 2; times += 1) {
             const QStringList told = troublesOf(finishAppending());
-            QCOMPARE(told.join("").contains("3R.jpg is now"), times == 0 && names.contains("audio"));
+            QCOMPARE(told.join("").contains("3R.jpg is now"), times == 0 && isDone);
             QCOMPARE(namesIn("spartiti"), names);
         }
-        if (names.contains("audio"))
+        if (isDone)
             QCOMPARE(page("3L.jpg") + page("3R (old 1).jpg") + page("audio/3.mp3"),
                      "3L.jpgfrom beforeaudio/3.mp3");
     }
@@ -266,27 +235,6 @@ private slots:
                               "These pages lay there from before under the number of a new song. They do not "
                               "belong to it and were given another name:\n"
                               "spartiti/3R.jpg is now spartiti/3R (old 1).jpg"}));
-    }
-
-    void copyFiles_ofMany_needsFewOpenFiles()
-    {
-        const TestFolder folder;
-        QList<FileCopy> copies;
-        for (int i = 0; i < 450; i += 1) {
-            copies += {QStringLiteral("from/%1").arg(i), QStringLiteral("to/%1").arg(i)};
-            put(copies[i].source, QByteArray::number(i));
-        }
-        QVERIFY(QFile::remove(copies[120].source));
-        rlimit before{};
-        getrlimit(RLIMIT_NOFILE, &before);
-        const rlimit few{160, before.rlim_max};
-        setrlimit(RLIMIT_NOFILE, &few);
-        const QList<Result> results = copyFiles(copies);
-        setrlimit(RLIMIT_NOFILE, &before);
-        for (int i = 0; i < 450; i += 1) {
-            QCOMPARE(results[i].kind, i == 120 ? Result::Kind::Missing : Result::Kind::Fine);
-            QCOMPARE(contents(copies[i].target), contents(copies[i].source));
-        }
     }
 };
 

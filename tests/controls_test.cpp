@@ -3,9 +3,9 @@
 #include "controls/image_frame.h"
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
+#include "support/table.h"
 #include "support/windows.h"
 
-#include <QApplication>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QUrl>
@@ -17,6 +17,8 @@ static void turnWheel(QWidget &widget, int angle)
     QWheelEvent event({5, 5}, {5, 5}, {}, {0, angle}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&widget, &event);
 }
+
+using Dropped = std::pair<QString, QStringList>; // addresses, none for a text, and the files among them
 
 class ControlsTest : public WindowTest
 {
@@ -38,29 +40,17 @@ private slots:
         QImage flat(atRest.size(), atRest.format());
         flat.fill(QColor(160, 203, 254));
         QCOMPARE(atRest, flat);
-
+        const QImage whole = button.grab().toImage();
+        button.setFocus();
+        QVERIFY(button.grab().toImage() != whole);
         QTest::mouseMove(window.windowHandle(), {50, 30});
         const QImage hovered = face();
         QTest::mousePress(&button, Qt::LeftButton);
         const QImage pressed = face();
         button.setEnabled(false);
-        const QImage disabled = face();
-        const QList<QImage> all = {atRest, hovered, pressed, disabled};
+        const QList<QImage> all = {atRest, hovered, pressed, face()};
         for (qsizetype i = 0; i < all.size(); i += 1)
             QCOMPARE(all.indexOf(all[i]), i);
-    }
-
-    void button_showsThatItHasTheFocus()
-    {
-        QWidget window;
-        Button button(&window);
-        button.resize(100, 40);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        const QImage focused = button.grab().toImage();
-        button.clearFocus();
-        QVERIFY(button.grab().toImage() != focused);
     }
 
     void scrollBar_movesByOne()
@@ -114,20 +104,14 @@ private slots:
 
     void fileDrop_takesFilesAndLeavesThemWhereTheyAre_data()
     {
-        QTest::addColumn<QString>("uris");
-        QTest::addColumn<QStringList>("paths");
-        QTest::addRow("files") << "file:///tmp/a%20b.jpg file:///tmp/%23"
-                               << QStringList({"/tmp/a b.jpg", "/tmp/#"});
-        QTest::addRow("a page of the web among them")
-            << "https://a.b/c.jpg file:///tmp" << QStringList("/tmp");
-        QTest::addRow("no files") << "https://a.b/c.jpg" << QStringList();
-        QTest::addRow("text") << "" << QStringList();
+        tableOf<Dropped>({{"files", {"file:///tmp/a%20b.jpg file:///tmp/%23", {"/tmp/a b.jpg", "/tmp/#"}}},
+                          {"a page of the web among them", {"https://a.b/c.jpg file:///tmp", {"/tmp"}}},
+                          {"no files", {"https://a.b/c.jpg", {}}},
+                          {"text", {"", {}}}});
     }
-
     void fileDrop_takesFilesAndLeavesThemWhereTheyAre()
     {
-        QFETCH(QString, uris);
-        QFETCH(QStringList, paths);
+        const auto [uris, paths] = tableRow<Dropped>();
         QWidget window;
         TextBox box(&window);
         const FileDrop drop(&window);

@@ -3,20 +3,27 @@
 #include "files/safe_write.h"
 #include "support/test_folder.h"
 
-#include <QDir>
-#include <QFile>
+#include <QDirIterator>
 #include <QMap>
-#include <QTest>
 
 #include <sys/stat.h>
 
 using Kind = Result::Kind;
-using Way = std::function<Result()>;
+using Way = Result (*)(const QString &source, const QString &target);
 using State = QMap<QString, QByteArray>; // by path; of a link, where it points to
 
 static constexpr rlim_t plenty = 1'000'000'000;
 static const QByteArray bytes = QByteArray(200'000, 'n') + QByteArray("\0\r\n\x1A", 4);
 static const QString odd = "à l'ami \"1\".jpg";
+
+struct Attempt {
+    Way way = nullptr;
+    QString source;
+    QString target;
+    Kind kind = Kind::Fine;
+    State changes = {}; // a null value: no longer there
+    rlim_t room = plenty;
+};
 
 static void putAll()
 {
@@ -28,104 +35,87 @@ static void putAll()
     QVERIFY(mkfifo("pipe", 0600) == 0 && QDir().mkdir("folder"));
 }
 
-static State stateOf(const QString &folder = {})
+static State state()
 {
     State state;
-    for (const QString &name : namesIn(folder.isEmpty() ? "." : folder)) {
-        const QString path = folder + name;
-        const QFileInfo entry(path);
+    const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    for (QDirIterator entries(".", all, QDirIterator::Subdirectories); entries.hasNext();) {
+        const QFileInfo entry(entries.next());
+        const QString path = entry.filePath().sliced(2);
         if (entry.isSymLink())
             state[path] = "-> " + QDir().relativeFilePath(entry.symLinkTarget()).toUtf8();
-        else if (entry.isDir())
-            state.insert(stateOf(path + '/'));
-        else
+        else if (!entry.isDir())
             state[path] = entry.isFile() ? contents(path) : QByteArray("no file");
     }
     return state;
 }
 
-static Way replacing(const QString &path)
+static Result replacing(const QString &, const QString &target)
 {
     const QByteArrayView all = bytes;
-    return [=] { return replaceFile(path, {all.first(7), all.sliced(7, 0), all.sliced(7)}); };
+    return replaceFile(target, {all.first(7), all.sliced(7, 0), all.sliced(7)});
 }
 
-static Way copying(const QString &source, const QString &target)
+static Result copyingMany(const QString &source, const QString &target)
 {
-    return [=] { return copyFile(source, target); };
+    return copyFiles({{odd, "first"}, {"gone", "second"}, {source, target}}).last();
 }
 
-static Way copyingMany(const QString &source, const QString &target)
+static void add(const char *name, const Attempt &attempt)
 {
-    return [=] { return copyFiles({{odd, "first"}, {"gone", "second"}, {source, target}}).last(); };
-}
-
-static Way moving(const QString &source, const QString &target)
-{
-    return [=] { return moveFile(source, target); };
-}
-
-static void good(const QString &name, const Way &way, const State &changes)
-{
-    QTest::addRow("%s", qPrintable(name)) << way << Kind::Fine << changes << plenty;
-}
-
-static void bad(const QString &name, const Way &way, Kind kind, const State &changes = {},
-                rlim_t room = plenty)
-{
-    QTest::addRow("%s", qPrintable(name)) << way << kind << changes << room;
+    QTest::addRow("%s %s to %s, %llu bytes", name, qPrintable(attempt.source), qPrintable(attempt.target),
+                  static_cast<unsigned long long>(attempt.room))
+        << attempt;
 }
 
 static void addReplacing()
 {
-    good("replace", replacing("./old"), {{"old", bytes}});
-    good("replace: in no folder yet", replacing("a/b/c"), {{"a/b/c", bytes}});
-    good("replace: a link is followed", replacing("link"), {{"real/old", bytes}});
-    good("replace: a link of a link", replacing("link of a link"), {{"real/old", bytes}});
-    good("replace: a link to nothing", replacing("link to nothing"), {{"real/new", bytes}});
-    bad("replace: a folder", replacing("folder"), Kind::Unwritable);
-    bad("replace: below a file", replacing("old/a"), Kind::Unwritable);
-    bad("replace: no room", replacing("link"), Kind::Unwritable, {}, 0);
-    bad("replace: too little room", replacing("old"), Kind::Unwritable, {}, 100'000);
-    bad("replace: a byte too little", replacing("old"), Kind::Unwritable, {}, 200'003);
+    const std::pair<QString, QString> followed[] = {{"./old", "old"},
+                                                    {"a/b/c", "a/b/c"}, // in no folder yet
+                                                    {"link", "real/old"},
+                                                    {"link of a link", "real/old"},
+                                                    {"link to nothing", "real/new"}};
+    for (const auto &[target, replaced] : followed)
+        add("replace", {replacing, {}, target, Kind::Fine, {{replaced, bytes}}});
+    for (const char *target : {"folder", "old/a"})
+        add("replace", {replacing, {}, target, Kind::Unwritable});
+    for (const int room : {0, 100'000, 200'003})
+        add("replace", {replacing, {}, "link", Kind::Unwritable, {}, rlim_t(room)});
 }
 
-// `also` is what each of these ways changes beside its target.
-static void addCopying(const QString &name, Way (*copy)(const QString &, const QString &), const State &also)
+// `also` is what each copy changes beside its target.
+static void addCopying(const char *name, Way copy, const State &also)
 {
-    const auto goodCopy = [&](const char *what, const QString &source, const QString &target, State changes) {
+    const std::tuple<QString, QString, State> copied[] = {
+        {odd, "old", {{"old", bytes}}},
+        {"link to the scan", "a/b", {{"a/b", bytes}}},
+        {odd, "link", {{"link", bytes}}}, // a link is replaced itself
+        {odd, "link to nothing", {{"link to nothing", bytes}}},
+        {odd, "pipe", {{"pipe", bytes}}},
+        {"old", "./old", {}},
+        {odd, "link to the scan", {}},
+    };
+    for (auto [source, target, changes] : copied) {
         changes.insert(also);
-        good(name + what, copy(source, target), changes);
-    };
-    const auto badCopy = [&](const char *what, const QString &source, const QString &target, Kind kind) {
-        bad(name + what, copy(source, target), kind, also);
-    };
-    goodCopy("a file", odd, "old", {{"old", bytes}});
-    goodCopy("from a link", "link to the scan", "a/b", {{"a/b", bytes}});
-    goodCopy("a link is replaced itself", odd, "link", {{"link", bytes}});
-    goodCopy("onto a link to nothing", odd, "link to nothing", {{"link to nothing", bytes}});
-    goodCopy("onto itself", "old", "./old", {});
-    goodCopy("onto a link to itself", odd, "link to the scan", {});
-    goodCopy("onto a pipe", odd, "pipe", {{"pipe", bytes}});
-    badCopy("nothing", "gone", "old", Kind::Missing);
-    badCopy("no name", "", "old", Kind::Missing);
-    badCopy("from a link to nothing", "link to nothing", "old", Kind::Missing);
-    badCopy("a folder", "folder", "old", Kind::Unreadable);
-    badCopy("a pipe", "pipe", "old", Kind::Unreadable);
-    badCopy("a device", "/dev/zero", "old", Kind::Unreadable);
-    badCopy("onto a folder", odd, "folder", Kind::Unwritable);
-    bad(name + "too little room", copy(odd, "link"), Kind::Unwritable, {}, 150'000);
+        add(name, {copy, source, target, Kind::Fine, changes});
+    }
+    for (const char *source : {"gone", "", "link to nothing"})
+        add(name, {copy, source, "old", Kind::Missing, also});
+    for (const char *source : {"folder", "pipe", "/dev/zero"})
+        add(name, {copy, source, "old", Kind::Unreadable, also});
+    add(name, {copy, odd, "folder", Kind::Unwritable, also});
+    add(name, {copy, odd, "link", Kind::Unwritable, {}, 150'000});
 }
 
 static void addMoving()
 {
-    good("move", moving("old", "b"), {{"old", {}}, {"b", "old"}});
-    good("move: to a new folder", moving("old", "new/b"), {{"old", {}}, {"new/b", "old"}});
-    good("move: a link itself", moving("link to nothing", "real/old link"),
-         {{"link to nothing", {}}, {"real/old link", "-> real/real/new"}});
-    bad("move: what is not there", moving("gone", "b"), Kind::Missing);
-    for (const QString target : {"real/old", "old", "folder", "link", "link to nothing", "real/old/b"})
-        bad("move: over or below " + target, moving("old", target), Kind::Unwritable);
+    add("move", {moveFile, "old", "b", Kind::Fine, {{"old", {}}, {"b", "old"}}});
+    add("move", {moveFile, "old", "new/b", Kind::Fine, {{"old", {}}, {"new/b", "old"}}});
+    const State linkMoved = {{"link to nothing", {}}, {"real/old link", "-> real/real/new"}};
+    add("move", {moveFile, "link to nothing", "real/old link", Kind::Fine, linkMoved});
+    add("move", {moveFile, "gone", "b", Kind::Missing});
+    for (const char *target : {"real/old", "old", "folder", "link", "link to nothing", "real/old/b"})
+        add("move", {moveFile, "old", target, Kind::Unwritable});
 }
 
 class FilesTest : public QObject
@@ -136,37 +126,26 @@ private slots:
 
     void everyWay_leavesTheOldOrTheNew_data()
     {
-        QTest::addColumn<Way>("way");
-        QTest::addColumn<Kind>("kind");
-        QTest::addColumn<State>("changes"); // a null value: no longer there
-        QTest::addColumn<rlim_t>("room");
+        QTest::addColumn<Attempt>("row");
         addReplacing();
-        addCopying("copy: ", copying, {});
-        addCopying("copy many: ", copyingMany, {{"first", bytes}});
+        addCopying("copy", copyFile, {});
+        addCopying("copy many", copyingMany, {{"first", bytes}});
         addMoving();
     }
-
     void everyWay_leavesTheOldOrTheNew()
     {
-        QFETCH(Way, way);
-        QFETCH(Kind, kind);
-        QFETCH(State, changes);
-        QFETCH(rlim_t, room);
+        QFETCH(const Attempt, row);
         const TestFolder folder;
         putAll();
-        State expected = stateOf();
-        for (auto change = changes.cbegin(); change != changes.cend(); ++change) {
-            if (change.value().isNull())
-                expected.remove(change.key());
-            else
-                expected[change.key()] = change.value();
-        }
-        const FullDisk disk(room);
-        const Result result = way();
-        QCOMPARE(result.kind, kind);
-        QVERIFY2(room == plenty || result.reason == "File too large", qPrintable(result.reason));
-        QCOMPARE(stateOf().keys(), expected.keys());
-        QVERIFY(stateOf() == expected);
+        State expected = state();
+        expected.insert(row.changes);
+        expected.removeIf([](State::iterator entry) { return entry.value().isNull(); });
+        const FullDisk disk(row.room);
+        const Result result = row.way(row.source, row.target);
+        QCOMPARE(result.kind, row.kind);
+        QVERIFY2(row.room == plenty || result.reason == "File too large", qPrintable(result.reason));
+        QCOMPARE(state().keys(), expected.keys());
+        QVERIFY(state() == expected);
     }
 
     void aFileThatIsReplaced_keepsItsRights()
@@ -192,29 +171,46 @@ private slots:
         QVERIFY(holdsJust(odd, bytes) && !holdsJust(odd, QByteArray(bytes).replace(199'999, 1, "x")));
     }
 
+    void copyingManyFiles_needsFewOpenAtOnce()
+    {
+        const TestFolder folder;
+        QList<FileCopy> copies;
+        for (int i = 0; i < 450; i += 1) {
+            copies += {QStringLiteral("from/%1").arg(i), QStringLiteral("to/%1").arg(i)};
+            put(copies[i].source, QByteArray::number(i));
+        }
+        QVERIFY(QFile::remove(copies[120].source));
+        rlimit before{};
+        getrlimit(RLIMIT_NOFILE, &before);
+        const rlimit few{160, before.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &few);
+        const QList<Result> results = copyFiles(copies);
+        setrlimit(RLIMIT_NOFILE, &before);
+        for (int i = 0; i < 450; i += 1) {
+            QCOMPARE(results[i].kind, i == 120 ? Result::Kind::Missing : Result::Kind::Fine);
+            QCOMPARE(contents(copies[i].target), contents(copies[i].source));
+        }
+    }
+
     void keeper_seesWhatIsReplacedAndWhetherItWas()
     {
         const TestFolder folder;
         putAll();
         QStringList seen;
-        setReplacementKeeper({
-            [&](const QString &path) { seen += path + " held " + contents(path); },
-            [&](const QString &path, bool was) {
-                seen += path + (was ? " holds " : " kept ") + contents(path);
-            },
-        });
+        const auto before = [&](const QString &path) { seen += path + " held " + contents(path); };
+        setReplacementKeeper({before, [&](const QString &path, bool was) {
+                                  seen += path + (was ? " holds " : " kept ") + contents(path);
+                              }});
         put("a", "a");
         put("b", "b");
         QVERIFY(replaceFile("old", "new").ok() && replaceFile("link", "new").ok());
         QVERIFY(copyFiles({{"a", "old"}, {"b", "link"}, {"b", "none before"}, {"a", "a"}}).last().ok());
         QVERIFY(!replaceFile("folder", "new").ok() && moveFile("a", "c").ok());
         QVERIFY(!putInPlace("b", "folder", "folder"));
-        const QStringList expected = {
-            "old held old",        "old holds new",         "link held linked to",
-            "link holds new",      "old held new",          "old holds a",
-            "link held new",       "link holds b",          "none before held (missing)",
-            "none before holds b", "folder held (missing)", "folder kept (missing)"};
-        QCOMPARE(seen, expected);
+        QCOMPARE(seen.join("; "),
+                 "old held old; old holds new; link held linked to; link holds new; old held new; old holds "
+                 "a; link held new; link holds b; none before held (missing); none before holds b; folder "
+                 "held (missing); folder kept (missing)");
     }
 
     void keeper_thatFailsStopsNothing()

@@ -5,12 +5,9 @@
 #include "window/progress.h"
 
 #include <QClipboard>
-#include <QDir>
-#include <QImage>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QRegularExpression>
 
 static void putPicture(int record, Qt::GlobalColor colour)
 {
@@ -109,6 +106,10 @@ private slots:
         openSource("bare"); // while the other list is open
         QVERIFY(stand.told.join("").endsWith("bare/spartiti/archivio.js: there is no such file"));
         QCOMPARE(listed(), QStringList());
+        put("bare/spartiti/archivio.js", archiveOf({"One|||1", "Two|||2"}).chopped(5));
+        openSource("bare");
+        QVERIFY(stand.told.join("").endsWith("is missing or is not as it should be. 1 titles were read."));
+        QCOMPARE(listed(), QStringList("One"));
     }
 
     void clickOnTheLineInFront_showsItsPageAnew()
@@ -135,10 +136,8 @@ private slots:
 
     void absorb_addsTheTickedSongsAndReopensTheMainWindowOnTheLast()
     {
-        Stand stand;
-        stand.answers = {Answer::No, Answer::Yes, Answer::Ok, Answer::Yes,
-                         Answer::Ok, Answer::Ok,  Answer::Yes};
-        type("Tessaline 5.0", "Author", "unsaved");
+        const Stand stand({Answer::No, Answer::Yes, Answer::Ok, Answer::Yes, Answer::Ok, Answer::Ok});
+        type("Form1", "Author", "unsaved");
         openSource();
         clickTick(2);
         clickTick(0);
@@ -147,47 +146,37 @@ private slots:
         QCOMPARE(stand.told.value(0), proceed);
         clickWithFullDisk("Merging", "Absorb", 20);
         QVERIFY(stand.told.last().startsWith("Nothing was absorbed; the archive is as it was before.\n"));
-        QCOMPARE(namesIn("spartiti"), QStringList({"4L.jpg", "archivio.js"}));
         click("Merging", "Absorb");
         QVERIFY(stand.told.value(4).contains("spartiti/4L.jpg is now spartiti/4L (old 1).jpg"));
         QVERIFY(stand.told.value(5).startsWith(completed));
         QCOMPARE(contents("spartiti/archivio.js"),
                  archiveOf({"One|A|tag|3", "Two|unsaved||0", "Zebra|||1", "Apple|||3"}));
         QCOMPARE(contents("spartiti/3L.jpg"), contents("other/spartiti/1L.jpg"));
-        QCOMPARE(textOf("Tessaline 5.0", "Label6"), "There are 4 titles");
-        QCOMPARE(textOf("Tessaline 5.0", "Text1"), "4");
+        QCOMPARE(textOf("Form1", "Label6") + textOf("Form1", "Text1"), "There are 4 titles4");
         QCOMPARE(listed(), QStringList({"+Zebra", "Apple", "+Apple"}));
-        click("Merging", "Absorb");
-        QCOMPARE(textOf("Tessaline 5.0", "Label6"), "There are 6 titles");
     }
 
     void anotherStandInItsPlace_isListedAnewAndNothingIsAbsorbed()
     {
-        Stand stand;
+        Stand stand({Answer::Yes, Answer::Ok});
         openSource();
         clickTick(0);
-        const QByteArray own = contents("spartiti/archivio.js");
-        stand.answers = {Answer::Yes, Answer::Ok};
         stand.meanwhile = [] { put("other/spartiti/archivio.js", archiveOf({"Quite another|||1"})); };
         click("Merging", "Absorb");
-        QCOMPARE(stand.told.size(), 2);
-        QVERIFY(stand.told.last().startsWith("Nothing was absorbed;"));
-        QVERIFY(stand.told.last().endsWith("has changed since it was listed."));
+        QVERIFY(stand.told.value(1).startsWith("Nothing was absorbed;"));
+        QVERIFY(stand.told.value(1).endsWith("has changed since it was listed."));
         QCOMPARE(listed(), QStringList("Quite another"));
         QVERIFY(!preview().isValid());
-        QCOMPARE(contents("spartiti/archivio.js"), own);
-        QCOMPARE(namesIn("spartiti"), QStringList("archivio.js"));
     }
 
     void ownArchiveChangedByAnother_isReplacedOnlyAfterATrueQuestion()
     {
-        Stand stand;
+        Stand stand({Answer::Yes, enterKey, Answer::Yes, Answer::Yes});
         openSource();
         clickTick(0);
         clickTick(1);
         const QByteArray others = archiveOf({"One|A|tag|3", "Two|||", "by another|||"});
         stand.meanwhile = [&] { put("spartiti/archivio.js", others); };
-        stand.answers = {Answer::Yes, enterKey, Answer::Yes, Answer::Yes};
         click("Merging", "Absorb");
         QVERIFY(stand.told.value(1).contains("pages that lie under the next numbers, from 3 on, would give"));
         QCOMPARE(contents("spartiti/archivio.js"), others);
@@ -250,27 +239,18 @@ private slots:
 
     void report_namesEveryPageInABoxThatFitsTheScreen()
     {
-        Stand stand;
-        QByteArray songs;
+        Stand stand({Answer::Yes, Answer::Ok, Answer::Ok});
         QStringList wanted;
-        for (int i = 1; i <= 100; i += 1) {
-            const bool named = i % 3 > 0;
-            songs += linesOf((named ? QString::number(i) : "none") + "|Song||tags|1");
-            if (i % 3 == 1)
-                QVERIFY(QDir().mkpath(QStringLiteral("other/spartiti/%1R.jpg").arg(i)));
-            else
-                put(QStringLiteral("spartiti/%1R.jpg").arg(i + 2), "from before");
-            wanted += i % 3 == 1 ? QStringLiteral("spartiti/%1R.jpg: ").arg(i + 2)
-                                 : QStringLiteral("spartiti/%1R.jpg is now ").arg(i + 2);
-            if (!named)
-                wanted += QStringLiteral("%1 Song").arg(i + 2);
+        for (int song = 3; song <= 102; song += 1) {
+            const QString page = QStringLiteral("spartiti/%1R.jpg").arg(song);
+            put(page, "from before");
+            wanted += {page + " is now ", QStringLiteral("%1 Song").arg(song)};
         }
-        put("other/spartiti/archivio.js", fileOf("archivio", songs));
+        put("other/spartiti/archivio.js", fileOf("archivio", linesOf("none|Song||tags|1").repeated(100)));
         openSource();
         for (int row = 0; row < 100; row += 1)
             clickTick(row);
         QSize size;
-        stand.answers = {Answer::Yes, Answer::Ok, Answer::Ok};
         stand.meanwhile = [&] {
             stand.meanwhile = [&] {
                 size = QApplication::activeModalWidget()->frameSize();
@@ -282,9 +262,9 @@ private slots:
         click("Merging", "Absorb");
         QVERIFY(stand.told.last().startsWith(completed));
         QVERIFY(size.width() <= 1024 - 8 && size.height() <= 768 - 40);
-        const QStringList copied = QApplication::clipboard()->text().split('\n');
+        const QString copied = '\n' + QApplication::clipboard()->text();
         for (const QString &line : std::as_const(wanted))
-            QCOMPARE(copied.filter(QRegularExpression('^' + QRegularExpression::escape(line))).size(), 1);
+            QCOMPARE(copied.count('\n' + line), 1);
     }
 
     void progress_comesAfterHalfASecondAndCanBeCancelled()

@@ -6,7 +6,6 @@
 #include "support/test_folder.h"
 
 #include <QSet>
-#include <QTest>
 
 using Kind = Result::Kind;
 using Outcome = MidiSaving::Outcome;

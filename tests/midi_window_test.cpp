@@ -1,9 +1,8 @@
 #include "files/data_folder.h"
+#include "support/table.h"
 #include "support/windows.h"
 
 #include <QClipboard>
-#include <QFile>
-#include <QGuiApplication>
 
 static const QString window = "midifrm";
 
@@ -11,6 +10,10 @@ static QByteArray block(const QString &number, const QString &firstRow)
 {
     return linesOf(number + '|' + firstRow + QString("|000,000,000").repeated(15));
 }
+
+// The file as opened, what another program then leaves (nothing: no file), how the first message begins, and
+// the file after the Save.
+using Lossless = std::tuple<QByteArray, QByteArray, QString, QByteArray>;
 
 class MidiWindowTest : public WindowTest
 {
@@ -65,53 +68,45 @@ private slots:
         type(window, "PC(1)", "6");
         clickWithFullDisk(window, "Command2", 100);
         QVERIFY(program.told[2].startsWith("The settings were not saved; the file is as it was before."));
+        Module1.archiveRefusal = "The archive is damaged.";
+        click(window, "Command2");
+        QCOMPARE(program.told[3], "The settings were not saved. The archive is damaged.");
         QCOMPARE(contents(midiPath()), fileOf("midi", one + block("3", "3,3,55")));
     }
 
-    void noSettings_areLost()
+    void noSettings_areLost_data()
     {
         const QByteArray one = block("1", "1,1,1"), three = block("3", "1,2,3"), mine = block("3", "1,2,9");
         const QByteArray whole = fileOf("midi", one + three), cut = whole.chopped(5), bad = whole.first(99);
-        const QByteArray twice = fileOf("midi", three + three),
-                         same = fileOf("midi", one + block("3", "5,5,5"));
-        const QByteArray joined = block("3", "11,22,9"), other = block("1", "8,8,8");
-        // The file as opened, what another program then leaves (nothing: no file), how the first message
-        // begins, and the file after the Save.
-        const std::tuple<QByteArray, QByteArray, const char *, QByteArray> rows[] = {
-            {bad, bad, "spartiti/midi.js is damaged", bad},
-            {cut, cut, "The end of spartiti/midi.js", fileOf("midi", one + mine)},
-            {twice, twice, "spartiti/midi.js holds settings for this song in 2",
-             fileOf("midi", joined + joined)},
-            {whole, {}, "Successfully saved", fileOf("midi", one + mine)},
-            {whole, fileOf("midi", other + three), "Successfully saved", fileOf("midi", other + mine)},
-            {whole, same, "Another program has changed this song's", same},
-            {whole, cut, "The settings were not saved. ", cut},
-            {whole, bad, "The settings were not saved. ", bad},
-        };
-        for (const auto &[opened, meanwhile, told, after] : rows) {
-            Program program;
-            program.answers = {enterKey, enterKey};
-            put(midiPath(), opened);
-            chooseMenu("midi");
-            type(window, "PC(1)", "9");
-            QFile::remove(midiPath());
-            if (!meanwhile.isEmpty())
-                put(midiPath(), meanwhile);
-            click(window, "Command2");
-            QVERIFY2(program.told[0].startsWith(told), qPrintable(program.told[0]));
-            QCOMPARE(contents(midiPath()), after);
-            QCOMPARE(textOf(window, "PC(1)"), "9");
-        }
+        const QByteArray saved = fileOf("midi", one + mine), joined = block("3", "11,22,9").repeated(2);
+        const QByteArray same = fileOf("midi", one + block("3", "5,5,5")), other = block("1", "8,8,8");
+        tableOf<Lossless>(
+            {{"damaged", {bad, bad, "spartiti/midi.js is damaged", bad}},
+             {"its end is missing", {cut, cut, "The end of spartiti/midi.js", saved}},
+             {"two blocks",
+              {fileOf("midi", three + three), fileOf("midi", three + three),
+               "spartiti/midi.js holds settings for this song in 2", fileOf("midi", joined)}},
+             {"goes", {whole, {}, "Successfully saved", saved}},
+             {"another song changed",
+              {whole, fileOf("midi", other + three), "Successfully saved", fileOf("midi", other + mine)}},
+             {"this song changed", {whole, same, "Another program has changed this song's", same}},
+             {"loses its end", {whole, cut, "The settings were not saved. ", cut}},
+             {"is damaged meanwhile", {whole, bad, "The settings were not saved. ", bad}}});
     }
-
-    void damagedArchive_letsNothingBeSaved()
+    void noSettings_areLost()
     {
-        const Program program("damaged");
+        const auto [opened, meanwhile, told, after] = tableRow<Lossless>();
+        const Program program(archiveOf({"One|||0", "Two|||0", "Three|||7"}), {enterKey, enterKey});
+        put(midiPath(), opened);
         chooseMenu("midi");
+        type(window, "PC(1)", "9");
+        QFile::remove(midiPath());
+        if (!meanwhile.isEmpty())
+            put(midiPath(), meanwhile);
         click(window, "Command2");
-        QVERIFY(program.told.last().startsWith("The settings were not saved."));
-        QVERIFY(program.told.last().endsWith(archiveDamaged));
-        QCOMPARE(namesIn("spartiti"), QStringList("archivio.js"));
+        QCOMPARE(program.told.value(0).first(told.size()), told);
+        QCOMPARE(contents(midiPath()), after);
+        QCOMPARE(textOf(window, "PC(1)"), "9");
     }
 };
 

@@ -1,12 +1,11 @@
 #include "pages/jpeg_header.h"
 #include "pages/page_image.h"
+#include "support/table.h"
 #include "support/test_folder.h"
 
 #include <QBuffer>
-#include <QColor>
 #include <QImageWriter>
 #include <QPainter>
-#include <QTest>
 
 #include <sys/stat.h>
 
@@ -57,34 +56,32 @@ static QByteArray beginning(char frame, const QByteArray &components, char inSca
     return bytes + "\xFF\xDA" + pair(3) + inScan;
 }
 
+using Shown = std::pair<QByteArray, QColor>; // a file, and its colour at the top right: none if not shown
+using Scans = std::pair<QByteArray, qint64>; // a file, and the bytes for its scans
+
 class PagesTest : public QObject
 {
     Q_OBJECT
 private slots:
     void decodePage_showsWhatCanBeShown_data()
     {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QColor>("topRight"); // none if not shown
         const QByteArray page = halves({2000, 3000}, "JPG"), progressive = halves({200, 300}, "JPG", true);
-        QTest::addRow("jpeg") << page << QColor(Qt::blue);
-        QTest::addRow("turned right") << turned(page, 6) << QColor(Qt::red);
-        QTest::addRow("turned left") << turned(page, 8) << QColor(Qt::blue);
-        QTest::addRow("png") << halves({20, 30}, "PNG") << QColor(Qt::blue);
-        QTest::addRow("cut") << page.first(page.size() / 3) << QColor(Qt::blue);
-        QTest::addRow("progressive") << progressive << QColor(Qt::blue);
-        QTest::addRow("much before the picture") << QByteArray(page).insert(
-            2, (QByteArray("\xFF\xE2\x40\0", 4) + QByteArray(0x3FFE, 'x')).repeated(3))
-                                                 << QColor(Qt::blue);
-        QTest::addRow("98 megapixels") << claiming({9900, 9900}, halves({99, 99}, "JPG")) << QColor(Qt::gray);
-        QTest::addRow("98, progressive") << claiming({9900, 9900}, progressive) << QColor();
-        QTest::addRow("absurd") << claiming({65500, 65500}, page) << QColor();
-        QTest::addRow("no picture") << QByteArray("hello") << QColor();
+        const QByteArray much = QByteArray("\xFF\xE2\x40\0", 4) + QByteArray(0x3FFE, 'x');
+        tableOf<Shown>({{"jpeg", {page, Qt::blue}},
+                        {"turned right", {turned(page, 6), Qt::red}},
+                        {"turned left", {turned(page, 8), Qt::blue}},
+                        {"png", {halves({20, 30}, "PNG"), Qt::blue}},
+                        {"cut", {page.first(page.size() / 3), Qt::blue}},
+                        {"progressive", {progressive, Qt::blue}},
+                        {"much before the picture", {QByteArray(page).insert(2, much.repeated(3)), Qt::blue}},
+                        {"98 megapixels", {claiming({9900, 9900}, halves({99, 99}, "JPG")), Qt::gray}},
+                        {"98, progressive", {claiming({9900, 9900}, progressive), {}}},
+                        {"absurd", {claiming({65500, 65500}, page), {}}},
+                        {"no picture", {"hello", {}}}});
     }
-
     void decodePage_showsWhatCanBeShown()
     {
-        QFETCH(QByteArray, file);
-        QFETCH(QColor, topRight);
+        const auto [file, topRight] = tableRow<Shown>();
         const TestFolder folder;
         put("1L.jpg", file);
         const QImage image = decodePage("1L.jpg", {329, 281});
@@ -109,33 +106,28 @@ private slots:
     {
         const TestFolder folder;
         QCOMPARE(mkfifo("1L.jpg", 0600), 0);
-        QVERIFY(decodePage("1L.jpg", {329, 281}).isNull());
-        QVERIFY(!canBeShown("1L.jpg"));
+        QVERIFY(decodePage("1L.jpg", {329, 281}).isNull() && !canBeShown("1L.jpg"));
     }
 
     void bytesForScans_areThoseOfAllSamples_data()
     {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<qint64>("bytes");
         const qint64 grey = 125 * 63 * 128; // blocks of 64 samples
         const QByteArray full = "\x11\x11\x11", usual = "\x22\x11\x11", wide = "\x21\x11\x11";
-        QTest::addRow("one scan") << beginning('\xC0', full, 3) << qint64(0);
-        QTest::addRow("one scan, grey") << beginning('\xC1', "\x11", 1) << qint64(0);
-        QTest::addRow("progressive") << beginning('\xC2', full, 3) << 3 * grey;
-        QTest::addRow("progressive, grey") << beginning('\xC2', "\x11", 1) << grey;
-        QTest::addRow("progressive, arithmetic") << beginning('\xCA', full, 3) << 3 * grey;
-        QTest::addRow("a scan for each") << beginning('\xC0', full, 1) << 3 * grey;
-        QTest::addRow("half the colour") << beginning('\xC2', wide, 1) << grey + 2 * 63 * 63 * qint64(128);
-        QTest::addRow("a quarter") << beginning('\xC2', usual, 1) << grey + 2 * 63 * 32 * qint64(128);
-        QTest::addRow("cut") << beginning('\xC2', full, 1).chopped(5) << qint64(0);
-        QTest::addRow("empty") << QByteArray() << qint64(0);
-        QTest::addRow("no jpeg") << '\n' + beginning('\xC2', full, 1) << qint64(0);
+        tableOf<Scans>({{"one scan", {beginning('\xC0', full, 3), 0}},
+                        {"one scan, grey", {beginning('\xC1', "\x11", 1), 0}},
+                        {"progressive", {beginning('\xC2', full, 3), 3 * grey}},
+                        {"progressive, grey", {beginning('\xC2', "\x11", 1), grey}},
+                        {"progressive, arithmetic", {beginning('\xCA', full, 3), 3 * grey}},
+                        {"a scan for each", {beginning('\xC0', full, 1), 3 * grey}},
+                        {"half the colour", {beginning('\xC2', wide, 1), grey + 2 * 63 * 63 * 128}},
+                        {"a quarter", {beginning('\xC2', usual, 1), grey + 2 * 63 * 32 * 128}},
+                        {"cut", {beginning('\xC2', full, 1).chopped(5), 0}},
+                        {"empty", {{}, 0}},
+                        {"no jpeg", {'\n' + beginning('\xC2', full, 1), 0}}});
     }
-
     void bytesForScans_areThoseOfAllSamples()
     {
-        QFETCH(QByteArray, file);
-        QFETCH(qint64, bytes);
+        auto [file, bytes] = tableRow<Scans>();
         QBuffer buffer(&file);
         QVERIFY(buffer.open(QIODevice::ReadOnly));
         QCOMPARE(bytesForScans(buffer), bytes);

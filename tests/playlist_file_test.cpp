@@ -1,8 +1,7 @@
 #include "format/code_page.h"
 #include "playlists/playlist_store.h"
+#include "support/table.h"
 #include "support/test_folder.h"
-
-#include <QTest>
 
 using Kind = Result::Kind;
 
@@ -28,45 +27,50 @@ static QString reading(const QByteArray &bytes, Playlists &playlists)
     return all.join("; ");
 }
 
+using Reading = std::pair<QByteArray, QString>; // a file, and what it reads as
+
+struct Change {
+    QByteArray onDisk; // null: no file
+    QString what; // "save", "add" or "delete"
+    QStringList known;
+    QString outcome; // the playlists afterwards, or what was found stored
+};
+
 class PlaylistFileTest : public QObject
 {
     Q_OBJECT
 private slots:
     void readPlaylistFile_readsOrRefuses_data()
     {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("expected");
         const QByteArray first = "var playlist = [\r\n";
-        QTest::addRow("as written") << fileOf(twoLists) << two;
-        QTest::addRow("no closing line and no last comma") << first + twoLists.chopped(3) << two;
-        QTest::addRow("blank lines behind the end") << fileOf(twoLists) + "\r\n\r\n" << two;
-        QTest::addRow("999") << fileOf(a.repeated(999)) << QString("a|1,#; ").repeated(999).chopped(2);
-        QTest::addRow("none, other first line") << QByteArray("x = [\r\n ];\r\n") << QString();
-        QTest::addRow("none, no end") << first << QString();
-        const QString one = "refused: it is damaged at playlist 1",
-                      next = "refused: it is damaged at playlist 2";
-        QTest::addRow("empty") << QByteArray("") << "refused: it is damaged in its first line";
-        QTest::addRow("line end") << first.chopped(2) + a << "refused: it is damaged in its first line";
-        QTest::addRow("else") << QByteArray("x\r\n")
-                              << "refused: it holds no playlists and nothing else that belongs there";
-        QTest::addRow("cut within songs") << first + twoLists.first(20) << one;
-        QTest::addRow("cut behind a name") << first + a + "\"2\"," << next;
-        QTest::addRow("more in a line") << fileOf(a + "\"2\",\"2,#\",3\r\n" + a) << next;
-        QTest::addRow("quote in a name") << fileOf("a\"b\",\"1,#\",\r\n") << one;
-        QTest::addRow("quote in songs") << fileOf("\"a\",1\",\r\n") << one;
-        QTest::addRow("end as a name")
-            << fileOf("\"];\",\"1\",\r\n") << "refused: it goes on behind its closing line";
-        QTest::addRow("1000") << fileOf(a.repeated(1000)) << "refused: it holds more than 999 playlists";
+        const QString one = "it is damaged at playlist 1", next = "it is damaged at playlist 2";
+        const QString begin = "it is damaged in its first line";
+        tableOf<Reading>(
+            {{"as written", {fileOf(twoLists), two}},
+             {"no closing line and no last comma", {first + twoLists.chopped(3), two}},
+             {"blank lines behind the end", {fileOf(twoLists) + "\r\n\r\n", two}},
+             {"999", {fileOf(a.repeated(999)), QString("a|1,#; ").repeated(999).chopped(2)}},
+             {"none, other first line", {"x = [\r\n ];\r\n", ""}},
+             {"none, no end", {first, ""}},
+             {"empty", {"", begin}},
+             {"line end", {first.chopped(2) + a, begin}},
+             {"else", {"x\r\n", "it holds no playlists and nothing else that belongs there"}},
+             {"cut within songs", {first + twoLists.first(20), one}},
+             {"cut behind a name", {first + a + "\"2\",", next}},
+             {"more in a line", {fileOf(a + "\"2\",\"2,#\",3\r\n" + a), next}},
+             {"quote in a name", {fileOf("a\"b\",\"1,#\",\r\n"), one}},
+             {"quote in songs", {fileOf("\"a\",1\",\r\n"), one}},
+             {"end as a name", {fileOf("\"];\",\"1\",\r\n"), "it goes on behind its closing line"}},
+             {"1000", {fileOf(a.repeated(1000)), "it holds more than 999 playlists"}}});
     }
-
     void readPlaylistFile_readsOrRefuses()
     {
-        QFETCH(QByteArray, file);
+        const auto [file, expected] = tableRow<Reading>();
         const TestFolder folder;
         Playlists playlists;
         reading(fileOf(a + a + a), playlists);
         const QString read = reading(file, playlists);
-        QTEST(read, "expected");
+        QCOMPARE(read, expected.startsWith("it ") ? "refused: " + expected : expected);
         QVERIFY(playlists.count() == 3 || !read.startsWith("refused"));
     }
 
@@ -137,29 +141,22 @@ private slots:
 
     void changes_beginFromTheDisk_andDestroyOnlyWhatIsKnown_data()
     {
-        QTest::addColumn<QByteArray>("onDisk"); // null: no file
-        QTest::addColumn<QString>("what"); // "save", "add" or "delete"
-        QTest::addColumn<QStringList>("known");
-        QTest::addColumn<QString>("outcome"); // the playlists afterwards, or what was found stored
-        const QStringList known{"1,#"}, none;
-        QTest::addRow("save") << a + b << "save" << known << "a|9,#; b|2,#";
-        QTest::addRow("save, changed") << c + b << "save" << known << "not done: 3,#";
-        QTest::addRow("save, gone") << b << "save" << known << "not done: ";
-        QTest::addRow("save, came") << a << "save" << none << "not done: 1,#";
-        QTest::addRow("save, one of two") << a + c << "save" << known << "not done: 1,# 3,#";
-        QTest::addRow("save, equal ones") << a + b + a << "save" << known << "a|9,#; b|2,#; a|9,#";
-        QTest::addRow("save, no file") << QByteArray() << "save" << none << "old|#; a|9,#";
-        QTest::addRow("add") << a + b << "add" << none << "a|1,#; b|2,#; a|9,#";
-        QTest::addRow("delete") << a + b + a << "delete" << known << "b|2,#";
-        QTest::addRow("delete, changed") << c + b << "delete" << known << "not done: 3,#";
-        QTest::addRow("delete, gone") << b << "delete" << known << "b|2,#";
+        const QStringList known{"1,#"};
+        tableOf<Change>({{"save", {a + b, "save", known, "a|9,#; b|2,#"}},
+                         {"save, changed", {c + b, "save", known, "not done: 3,#"}},
+                         {"save, gone", {b, "save", known, "not done: "}},
+                         {"save, came", {a, "save", {}, "not done: 1,#"}},
+                         {"save, one of two", {a + c, "save", known, "not done: 1,# 3,#"}},
+                         {"save, equal ones", {a + b + a, "save", known, "a|9,#; b|2,#; a|9,#"}},
+                         {"save, no file", {{}, "save", {}, "old|#; a|9,#"}},
+                         {"add", {a + b, "add", {}, "a|1,#; b|2,#; a|9,#"}},
+                         {"delete", {a + b + a, "delete", known, "b|2,#"}},
+                         {"delete, changed", {c + b, "delete", known, "not done: 3,#"}},
+                         {"delete, gone", {b, "delete", known, "b|2,#"}}});
     }
-
     void changes_beginFromTheDisk_andDestroyOnlyWhatIsKnown()
     {
-        QFETCH(QByteArray, onDisk);
-        QFETCH(QString, what);
-        QFETCH(QStringList, known);
+        const auto [onDisk, what, known, outcome] = tableRow<Change>();
         const TestFolder folder;
         Playlists playlists;
         reading(fileOf("\"old\",\"#\",\r\n"), playlists);
@@ -173,8 +170,7 @@ private slots:
         QVERIFY(change.isDone || after == fileOf(onDisk));
         if (change.isDone)
             QVERIFY(writePlaylistFileWithout(playlists, "no such name").ok()); // from memory
-        QTEST(change.isDone ? reading(contents(path), playlists) : "not done: " + change.stored.join(' '),
-              "outcome");
+        QCOMPARE(change.isDone ? reading(after, playlists) : "not done: " + change.stored.join(' '), outcome);
         QCOMPARE(contents(path), after);
     }
 

@@ -3,8 +3,6 @@
 #include "archive/Module1.h"
 #include "format/code_page.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <csignal>

@@ -2,11 +2,10 @@
 
 #include "files/result.h"
 
-#include <QByteArray>
-#include <QList>
-#include <QString>
-#include <QStringList>
+#include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <sys/resource.h>
 

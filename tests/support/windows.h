@@ -3,10 +3,10 @@
 #include "main/rooms.h"
 #include "support/test_folder.h"
 
+#include <QApplication>
+#include <QLineEdit>
 #include <QMessageBox>
-#include <QTest>
 #include <QTimer>
-#include <QWidget>
 
 using Answer = QMessageBox::StandardButton;
 inline constexpr Answer enterKey = Answer::NoButton; // Enter answers, not the mouse
@@ -71,10 +71,6 @@ struct Program {
                      const QList<Answer> &ahead = {});
     void answer();
 };
-
-// What is told wherever a damaged archive keeps something from being written.
-inline constexpr char archiveDamaged[] =
-    "spartiti/archivio.js is damaged and was not read. It is left as it is.";
 
 // What a test of windows derives from: it has the program's own look.
 class WindowTest : public QObject
