@@ -88,6 +88,7 @@ private slots:
                          {"Premerge", {{"Merging"}, 5}},
                          {"merging", {{"Merging", "Premerge/index.html", "Premerge/Ok"}, 4}},
                          {"check", {{"Check the archive…"}, 4}},
+                         {"stand", {{"Copy to the stand…"}, 5}},
                          {"songs", {{"Find a song…"}, 6}}});
     }
     void everyWindow_isSeenAndSpoken()

@@ -278,13 +278,13 @@ private slots:
         const TestFolder folder;
         putOwn();
         StandLook look = lookAtStand("stand");
-        QVERIFY(look.result.ok() && !look.hasStartPage && look.hasRoom());
+        QVERIFY(look.result.ok() && look.hasRoom() && !hasStartPage("stand"));
         QCOMPARE(look.countOf(PlannedFile::Task::New), 6);
         QVERIFY(otherSongsOn(look).isEmpty());
         put("stand/index.html", {});
         put(there + "archivio.js", archiveOf({"ONE |||", "Other|||", "|||", "Third|||"}));
         look = lookAtStand("stand");
-        QVERIFY(look.hasStartPage);
+        QVERIFY(hasStartPage("stand"));
         QStringList others;
         for (const OtherSong &song : otherSongsOn(look))
             others += QString::number(song.number) + song.here + '/' + song.there;

@@ -45,6 +45,7 @@ Rooms::~Rooms()
     delete intake_;
     delete check_;
     delete manual_;
+    delete standWindow_;
 }
 
 Form1::Doors Rooms::doors()
@@ -67,7 +68,8 @@ QList<Form1::Menu> Rooms::menus()
         {"Archive",
          {entry("Bring in songs…", &Rooms::openIntake, QKeySequence("Ctrl+I")),
           entry("Categories…", &Rooms::openCategories), nullptr,
-          entry("Earlier versions…", &Rooms::openVersions), entry("Check the archive…", &Rooms::openCheck)}},
+          entry("Earlier versions…", &Rooms::openVersions), entry("Check the archive…", &Rooms::openCheck),
+          entry("Copy to the stand…", &Rooms::openStand)}},
         {"Help",
          {entry("Manual", &Rooms::openManual, QKeySequence::HelpContents),
           entry("About Tessaline", &Rooms::showAbout)}}};
@@ -219,6 +221,11 @@ void Rooms::openCheck()
                                    [this] { showSongs(SongChoice::SameTitle); },
                                    [this] { playlistfrm_.show(); }, [this] { namesChanged(); }};
     showTheOne(check_, [&] { return new CheckWindow(doors); })->check();
+}
+
+void Rooms::openStand()
+{
+    showTheOne(standWindow_, [this] { return new StandWindow(stand_); })->look();
 }
 
 void Rooms::showSongs(SongChoice::Kind kind)

@@ -15,6 +15,7 @@
 #include "songs/edits.h"
 #include "songs/songs_window.h"
 #include "stand/check_window.h"
+#include "stand/stand_window.h"
 
 #include <QPointer>
 
@@ -58,6 +59,7 @@ private:
     void openCategories();
     void namesChanged();
     void openCheck();
+    void openStand();
     void showSongs(SongChoice::Kind kind);
     void openManual();
     void showAbout();
@@ -72,6 +74,8 @@ private:
     QPointer<IntakeWindow> intake_;
     QPointer<CheckWindow> check_;
     QPointer<ManualWindow> manual_;
+    QPointer<StandWindow> standWindow_;
+    QString stand_; // the folder that was chosen last
 
 public:
     Form1 form1;

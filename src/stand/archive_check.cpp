@@ -2,14 +2,6 @@
 
 #include "stand/archive_facts.h"
 
-static QStringList titlesOf(const ArchiveTable &archive)
-{
-    QStringList titles;
-    for (const ArchiveRecord &record : archive.records)
-        titles += archive.text(record.title);
-    return titles;
-}
-
 // Asked now and then, since a look at a page takes less time than asking.
 static bool goesOn(const Progress &progress, qsizetype done, qsizetype all)
 {

@@ -17,19 +17,29 @@ static void takeNames(ArchiveFacts &facts, const QString &folder, const QString 
     }
 }
 
-static void readOwnArchive(ArchiveTable &archive)
+ArchiveTable readOwnArchive()
 {
     QByteArray bytes;
-    if (const Result read = readWhole(archivePath(), bytes); !read.ok())
-        archive.result = read;
-    else
-        archive = readArchive(bytes, ownArchive);
+    const Result read = readWhole(archivePath(), bytes);
+    if (read.ok())
+        return readArchive(bytes, ownArchive);
+    ArchiveTable archive;
+    archive.result = read;
+    return archive;
+}
+
+QStringList titlesOf(const ArchiveTable &archive)
+{
+    QStringList titles;
+    for (const ArchiveRecord &record : archive.records)
+        titles += archive.text(record.title);
+    return titles;
 }
 
 ArchiveFacts readFacts()
 {
     ArchiveFacts facts;
-    readOwnArchive(facts.archive);
+    facts.archive = readOwnArchive();
     facts.categories = readCategoriesOf(".");
     facts.playlistsRead = readPlaylistFile(facts.playlists);
     facts.midiRead = readMidiFile(facts.midi);

@@ -28,7 +28,12 @@ struct ArchiveFacts {
     bool hasSong(qint64 n) const { return n >= 1 && n <= songs(); }
 };
 
-// Reads the archive of the working directory.
+// archivio.js of the working directory; its result may also be Missing or Unreadable.
+ArchiveTable readOwnArchive();
+// By number; entry 0 is never used.
+QStringList titlesOf(const ArchiveTable &archive);
+
+// Reads all files of that archive.
 ArchiveFacts readFacts();
 
 // What is wrong, each with one part of an archive.

@@ -8,17 +8,10 @@
 using Mend = Mending::Kind;
 using Place = Finding::Place;
 
-// The number in an own name of a page or a recording; 0 in that of a data file.
-static int numberOf(const QString &name)
-{
-    const auto page = pageOfName(name);
-    return page ? page->record : recordOfRecording(name.section('/', -1));
-}
-
 static Finding wrongName(const ArchiveFacts &facts, const QString &name, const QString &right)
 {
     Finding finding{"Wrong name: " + name, "The stand looks for " + right + " and does not find this one."};
-    if (const int n = numberOf(right); facts.hasSong(n)) {
+    if (const int n = songOfName(right); facts.hasSong(n)) {
         finding.song = n;
         finding.place = Place::Song;
     }
@@ -40,7 +33,7 @@ static Finding leftOver(const QString &name)
 
 static std::optional<Finding> ownNameFinding(const ArchiveFacts &facts, const QString &name)
 {
-    const int n = numberOf(name);
+    const int n = songOfName(name);
     if (n == 0 || !facts.archive.result.ok())
         return {};
     if (!facts.hasSong(n))

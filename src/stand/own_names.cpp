@@ -27,6 +27,14 @@ bool isOwnName(const QString &name)
     return pageOfName(name) || fixed.contains(name);
 }
 
+int songOfName(const QString &name)
+{
+    if (!isOwnName(name))
+        return 0;
+    const auto page = pageOfName(name);
+    return page ? page->record : recordOfRecording(name.section('/', -1));
+}
+
 // What the name would be in the case and with the number that the archive's names have.
 static QString inOwnForm(const QString &name)
 {

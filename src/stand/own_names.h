@@ -9,6 +9,9 @@
 // folder, the empty sheet and the export.
 bool isOwnName(const QString &name);
 
+// The number in an own name of a page or a recording; 0 in any other.
+int songOfName(const QString &name);
+
 // The own name that differs from this one in nothing but letters' case and zeros in front of the number;
 // empty if there is none, or it is one itself.
 QString rightNameOf(const QString &name);

@@ -72,7 +72,7 @@ static Result gone(const QString &root)
 
 bool Copying::look()
 {
-    look_ = lookAtStand(root_);
+    look_ = lookAtStand(root_, [this](int, int) { return !progress_ || progress_(copy_.copied, copy_.all); });
     copy_.songs = look_.songs;
     copy_.playlists = look_.playlists;
     return look_.result.ok() || fail(look_.result);

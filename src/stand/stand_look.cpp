@@ -1,8 +1,8 @@
 #include "stand/stand_look.h"
 
-#include "files/safe_write.h"
 #include "merge/merge_source.h"
 #include "playlists/playlist_file.h"
+#include "stand/archive_facts.h"
 #include "text/folding.h"
 
 #include <QDir>
@@ -15,17 +15,6 @@ int StandLook::countOf(PlannedFile::Task task) const
 {
     const auto isOf = [task](const PlannedFile &planned) { return planned.task == task; };
     return static_cast<int>(std::count_if(plan.begin(), plan.end(), isOf));
-}
-
-static ArchiveTable ownTable()
-{
-    ArchiveTable table;
-    QByteArray bytes;
-    if (const Result read = readWhole(archivePath(), bytes); !read.ok())
-        table.result = read;
-    else
-        table = readArchive(bytes, ownArchive);
-    return table;
 }
 
 static Result checkFolders(const QString &root)
@@ -42,9 +31,10 @@ static Result checkFolders(const QString &root)
 
 static void readOwnFiles(StandLook &look)
 {
-    const ArchiveTable archive = ownTable();
+    const ArchiveTable archive = readOwnArchive();
     look.result = archive.result;
     look.songs = archive.count();
+    look.titles = titlesOf(archive);
     Playlists playlists;
     const Result read = readPlaylistFile(playlists);
     look.playlists = playlists.count();
@@ -63,17 +53,23 @@ static void compareFiles(StandLook &look, const Progress &progress)
     look.plan = planOf(look.here, there.files, foldsCase(look.root));
 }
 
+bool hasStartPage(const QString &root)
+{
+    return !QDir(root).entryList({"*.html"}, QDir::Files).isEmpty();
+}
+
 StandLook lookAtStand(const QString &root, const Progress &progress)
 {
     static constexpr qint64 smallestBlock = 4096;
-    StandLook look{.result = checkFolders(root), .root = root, .here = {}, .plan = {}};
+    StandLook look;
+    look.result = checkFolders(root);
+    look.root = root;
     if (look.result.ok())
         readOwnFiles(look);
     if (look.result.ok())
         compareFiles(look, progress);
     if (!look.result.ok())
         return look;
-    look.hasStartPage = !QDir(root).entryList({"*.html"}, QDir::Files).isEmpty();
     const QStorageInfo disk(root);
     look.roomNeeded = roomNeeded(look.plan, qMax<qint64>(disk.blockSize(), smallestBlock));
     look.roomThere = disk.bytesAvailable();
@@ -82,14 +78,10 @@ StandLook lookAtStand(const QString &root, const Progress &progress)
 
 QList<OtherSong> otherSongsOn(const StandLook &look)
 {
-    const ArchiveTable here = ownTable();
-    const ArchiveTable there = readMergeSource(look.root).archive;
+    const QStringList here = titlesOf(readOwnArchive()), there = titlesOf(readMergeSource(look.root).archive);
     QList<OtherSong> songs;
-    for (int n = 1; n <= there.count(); n += 1) {
-        const auto titleIn = [n](const ArchiveTable &table) {
-            return n <= table.count() ? table.text(table.records[static_cast<size_t>(n)].title) : QString();
-        };
-        const OtherSong song{n, titleIn(here), titleIn(there)};
+    for (int n = 1; n < there.size(); n += 1) {
+        const OtherSong song{n, here.value(n), there[n]};
         if (!foldedTitle(song.there).isEmpty() && foldedTitle(song.here) != foldedTitle(song.there))
             songs += song;
     }

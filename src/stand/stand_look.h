@@ -14,17 +14,20 @@ struct OtherSong {
 struct [[nodiscard]] StandLook {
     Result result; // anything but fine: nothing can be copied, for this reason
     QString root; // the stand's top folder, which holds its start page and its data folder
-    bool hasStartPage = false; // an *.html file, as every stand has
     QList<ListedFile> here;
     QList<PlannedFile> plan;
     qint64 roomNeeded = 0; // in bytes
     qint64 roomThere = 0;
+    QStringList titles; // of the songs here, by number; entry 0 is never used
     int songs = 0; // of the archive here
     int playlists = 0;
 
     bool hasRoom() const { return roomNeeded <= roomThere; }
     int countOf(PlannedFile::Task task) const;
 };
+
+// Whether there is an *.html file in the folder, as in that of every stand.
+bool hasStartPage(const QString &root);
 
 // Refused where the folder is within the archive's own. `progress` counts files, of an unknown number.
 StandLook lookAtStand(const QString &root, const Progress &progress = {});

@@ -18,7 +18,10 @@ static QSize roomFor(const QPlainTextEdit &view, QSize screen)
             qMin(lines * view.fontMetrics().lineSpacing(), screen.height() * 3 / 5)};
 }
 
-void reportBox(const QString &text, const QString &report)
+using Button = QDialogButtonBox::StandardButton;
+
+static bool show(const QString &text, const QString &report, QDialogButtonBox::StandardButtons all,
+                 Button byEnter)
 {
     QDialog box(windowInFront());
     box.setObjectName("report");
@@ -31,8 +34,9 @@ void reportBox(const QString &text, const QString &report)
     view->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     view->setTabChangesFocus(true);
     view->setMinimumHeight(view->fontMetrics().lineSpacing() * 4);
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
+    auto *buttons = new QDialogButtonBox(all);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &box, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &box, &QDialog::reject);
 
     auto *layout = new QVBoxLayout(&box);
     layout->addWidget(label);
@@ -40,6 +44,17 @@ void reportBox(const QString &text, const QString &report)
     layout->addWidget(buttons);
     const QSize room = roomFor(*view, box.screen()->availableSize());
     box.resize(room.width(), room.height() + box.sizeHint().height() - view->sizeHint().height());
-    buttons->button(QDialogButtonBox::Ok)->setFocus();
-    box.exec();
+    buttons->button(byEnter)->setDefault(true);
+    buttons->button(byEnter)->setFocus();
+    return box.exec() == QDialog::Accepted;
+}
+
+void reportBox(const QString &text, const QString &report)
+{
+    show(text, report, Button::Ok, Button::Ok);
+}
+
+bool askBeforeLoss(const QString &question, const QString &report)
+{
+    return show(question, report, Button::Yes | Button::No, Button::No);
 }
