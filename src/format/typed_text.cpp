@@ -4,6 +4,8 @@
 
 #include <QHash>
 
+#include <algorithm>
+
 static constexpr qsizetype mostNamed = 10; // of the characters left out
 
 static bool isCarried(char32_t code)
@@ -71,8 +73,18 @@ static QString composed(const QString &text)
     return all;
 }
 
+// Most titles are of such letters alone.
+static bool isPlain(const QString &text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar each) {
+        return each >= u' ' && each <= u'~' && each != u'"' && each != u'\\';
+    });
+}
+
 TypedText carriedByFiles(const QString &typed)
 {
+    if (isPlain(typed))
+        return {typed, {}};
     QString text = composed(typed);
     text.replace("\r\n", "\n").replace(u'"', u'\'').replace(u'\\', u'/');
     TypedText result;

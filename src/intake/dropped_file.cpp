@@ -28,9 +28,10 @@ Result storeDroppedPage(int record, Page page, const QString &source)
 {
     if (const Result archive = checkArchive(); !archive.ok())
         return archive;
-    if (const Result checked = checkPicture(source); !checked.ok())
-        return checked;
-    if (!isPlainJpeg({source, 0, 0, 0, ComingPage::Whole, 0}))
+    const PictureHead head = headOf(source);
+    if (!head.result.ok())
+        return head.result;
+    if (!head.isJpeg)
         return Result::failed(Result::Kind::Unreadable, source, "it is called a JPEG and is not one");
     return copyFile(source, pagePath(record, page));
 }

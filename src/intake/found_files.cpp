@@ -29,6 +29,7 @@ private:
 
     const Progress &progress_;
     QHash<QString, qsizetype> places_; // of folders
+    qsizetype latest_ = 0; // the place of the one before
 };
 } // namespace
 
@@ -48,13 +49,14 @@ void Finder::addFile(const QString &path)
         found.others += !name.startsWith(u'.');
         return;
     }
-    const QString folder = path.first(slash);
-    auto place = places_.find(folder);
-    if (place == places_.end()) {
-        place = places_.insert(folder, found.folders.size());
-        found.folders += FoundFolder{folder, {}};
+    const QStringView folder = QStringView(path).first(slash);
+    if (found.folders.isEmpty() || found.folders[latest_].path != folder) {
+        latest_ = places_.value(folder.toString(), found.folders.size());
+        places_.insert(folder.toString(), latest_);
     }
-    found.folders[*place].names += name;
+    if (latest_ == found.folders.size())
+        found.folders += FoundFolder{folder.toString(), {}};
+    found.folders[latest_].names += name;
     found.count += 1;
 }
 

@@ -17,7 +17,7 @@ static QString troubleOf(const ComingPage &page)
 {
     if (page.pdfPage > 0)
         return page.dpi > 0 ? QString() : QStringLiteral("it has no pages");
-    const Result checked = page.exists() ? checkPicture(page.file) : Result{};
+    const Result checked = page.exists() ? headOf(page.file).result : Result{};
     return checked.ok() ? QString() : page.file.section(u'/', -1) + ": " + checked.reason;
 }
 

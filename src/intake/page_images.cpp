@@ -92,7 +92,7 @@ void PageImages::keep(const Wanted &wanted, const QImage &image)
 
 void PageImages::makeFromPicture(const Wanted &wanted)
 {
-    const Result checked = checkPicture(wanted.page.file);
+    const Result checked = headOf(wanted.page.file).result;
     const QImage image = checked.ok() ? smallPicture(wanted.page, wanted.room) : QImage();
     keep(wanted, image);
     const QString name = wanted.page.file.section(u'/', -1) + ": ";

@@ -19,7 +19,10 @@ NewFile PageMaker::fileOf(const ComingPage &page)
         const size_t place = jobFor(page);
         return {{}, [this, place, page](QByteArray &bytes) { return makePdfPage(place, page, bytes); }};
     }
-    if (isPlainJpeg(page) && checkPicture(page.file).ok())
+    const PictureHead head = headOf(page.file);
+    if (!head.result.ok())
+        return {{}, [head](QByteArray &) { return head.result; }};
+    if (head.isJpeg && page.isAsItWas())
         return {page.file, {}};
     return {{}, [page](QByteArray &bytes) { return makePicturePage(page, bytes); }};
 }

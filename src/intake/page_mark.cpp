@@ -71,21 +71,21 @@ static bool isOfMachine(const QString &base)
 
 static PageMark markIn(const QRegularExpressionMatch &found)
 {
-    PageMark mark{found.captured("base")};
-    const bool isBracketed = found.hasCaptured("bracket");
-    const QChar before = found.capturedEnd("base") < found.captured().size()
-        ? found.captured()[found.capturedEnd("base")]
+    PageMark mark{found.captured(u"base")};
+    const bool isBracketed = found.hasCaptured(u"bracket");
+    const QChar before = found.capturedEnd(u"base") < found.captured().size()
+        ? found.captured()[found.capturedEnd(u"base")]
         : QChar();
-    mark.isPlain = isBracketed || found.hasCaptured("word") || found.hasCaptured("of") || before == u'_'
+    mark.isPlain = isBracketed || found.hasCaptured(u"word") || found.hasCaptured(u"of") || before == u'_'
         || before == u'-';
-    if (found.hasCaptured("number")) {
+    if (found.hasCaptured(u"number")) {
         mark.kind = PageMark::Number;
-        mark.place = found.captured("number").toInt();
-    } else if (found.hasCaptured("letter")) {
+        mark.place = found.captured(u"number").toInt();
+    } else if (found.hasCaptured(u"letter")) {
         mark.kind = PageMark::Letter;
-        mark.place = found.captured("letter").toLower()[0].unicode() - u'a' + 1;
+        mark.place = found.captured(u"letter").toLower()[0].unicode() - u'a' + 1;
     } else {
-        mark.place = found.hasCaptured("left") ? 1 : 2;
+        mark.place = found.hasCaptured(u"left") ? 1 : 2;
         mark.isPlain = true;
     }
     return mark;
@@ -99,7 +99,7 @@ std::optional<PageMark> pageMarkOf(const QString &stem)
         return {};
     const PageMark mark = markIn(found);
     if (mark.kind != PageMark::Side
-        && (isOfMachine(mark.base) || (isOfWork(mark) && !found.hasCaptured("word"))))
+        && (isOfMachine(mark.base) || (isOfWork(mark) && !found.hasCaptured(u"word"))))
         return {};
     return mark;
 }

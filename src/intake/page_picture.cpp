@@ -56,34 +56,24 @@ static Result checkFile(QFile &file)
     return {};
 }
 
-Result checkPicture(const QString &path)
+PictureHead headOf(const QString &path)
 {
     QFile file(path);
     if (const Result checked = checkFile(file); !checked.ok())
-        return checked;
+        return {checked};
     QImageReader reader(&file);
     reader.setDecideFormatFromContent(true);
-    return checkHead(reader, path);
-}
-
-static bool isJpeg(const QString &path)
-{
-    QFile file(path);
-    return openToRead(file).ok() && file.peek(2) == "\xFF\xD8";
+    return {checkHead(reader, path), reader.format() == "jpeg"};
 }
 
 bool isCutShort(const QString &path)
 {
     static constexpr qint64 tail = 1 << 16;
     QFile file(path);
-    if (!isJpeg(path) || !openToRead(file).ok() || !file.seek(qMax(qint64{0}, file.size() - tail)))
+    if (!openToRead(file).ok() || file.peek(2) != "\xFF\xD8"
+        || !file.seek(qMax(qint64{0}, file.size() - tail)))
         return false;
     return !file.read(tail).contains("\xFF\xD9");
-}
-
-bool isPlainJpeg(const ComingPage &page)
-{
-    return page.isAsItWas() && page.pdfPage == 0 && isJpeg(page.file);
 }
 
 static Result readFrom(QIODevice &device, const QString &file, QImage &picture)
@@ -173,7 +163,7 @@ QImage smallPicture(const ComingPage &page, QSize room)
 {
     QImage picture;
     const QSize wanted = sizeToRead(page, room, pageSize(page.file));
-    if (isJpeg(page.file))
+    if (headOf(page.file).isJpeg)
         picture = wanted.isEmpty() ? QImage() : decodePage(page.file, wanted);
     else if (readPicture(page.file, picture).ok())
         picture = picture.scaled(sizeToRead(page, room, picture.size()), Qt::IgnoreAspectRatio,

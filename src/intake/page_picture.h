@@ -8,14 +8,15 @@
 // Pictures of all kinds that Qt's installed plugins read, made into pages. A page may have 40 million pixels,
 // an A4 sheet of 600 dots per inch and a little more, and takes 300 MB at most while it is made.
 
-// Whether the file is a picture that can be a page, as far as its head tells.
-Result checkPicture(const QString &file);
+// What the head of a file tells.
+struct PictureHead {
+    Result result; // why it is no picture that can be a page
+    bool isJpeg = false;
+};
+PictureHead headOf(const QString &file);
 
 // True of a JPEG whose end is missing. What there is of it can be shown.
 bool isCutShort(const QString &file);
-
-// True of a JPEG to which nothing is to be done: it can be copied as it is.
-bool isPlainJpeg(const ComingPage &page);
 
 // The file in full, turned as its EXIF data says.
 Result readPicture(const QString &file, QImage &picture);

@@ -24,34 +24,47 @@ static QString stemOf(const QString &name)
     return name.first(name.lastIndexOf(u'.')).normalized(QString::NormalizationForm_C);
 }
 
-// What makes two names equal.
-static QString keyOf(QString name)
+// What makes two names equal: no case, and whatever separates the words.
+static QString keyOf(const QString &name)
 {
-    for (QChar &each : name) {
-        if (each == u'_' || each == u'-' || each == u'.')
-            each = u' ';
+    QString key;
+    key.reserve(name.size() + 2);
+    bool isBehindBlank = true;
+    for (const QChar each : name) {
+        const bool isBlank = each.isSpace() || each == u'_' || each == u'-' || each == u'.';
+        if (isBlank && !isBehindBlank)
+            key += u' ';
+        else if (!isBlank)
+            key += each.toCaseFolded();
+        isBehindBlank = isBlank;
     }
-    return name.simplified().toCaseFolded();
+    if (key.endsWith(u' '))
+        key.chop(1);
+    return key;
 }
 
 namespace
 {
-// A picture, with what its name says about its place.
+// A picture, with what its name says about its place in a song.
 struct Picture {
     QString file;
+    qsizetype place = 0; // among the names of the folder
     QString stem;
     std::optional<PageMark> mark;
     bool isTaken = false;
 };
 
+// A song behind the place of its first file among the names of the folder.
+using PlacedSong = std::pair<qsizetype, NamedSong>;
+using PlacedSongs = QList<PlacedSong>;
+
 // The pictures of one folder, in order, and the songs that are made of them.
 class Pairing
 {
 public:
-    explicit Pairing(const QStringList &pictures);
+    explicit Pairing(const QStringList &sorted);
 
-    // The songs, each behind the place in order of its first picture.
-    QList<std::pair<qsizetype, NamedSong>> songs();
+    PlacedSongs songs();
 
 private:
     using Group = QList<qsizetype>; // places in pictures_
@@ -62,16 +75,19 @@ private:
     NamedSong take(const Group &group);
 
     QList<Picture> pictures_;
-    QHash<QString, Group> unmarked_; // those that may be the page before the marked ones
+    QHash<QString, Group> unmarked_;
 };
 } // namespace
 
-Pairing::Pairing(const QStringList &pictures)
+Pairing::Pairing(const QStringList &sorted)
 {
-    for (const QString &file : pictures) {
-        const QString stem = stemOf(file);
-        pictures_ += {file, stem, pageMarkOf(stem)};
-        unmarked_[keyOf(stem)] += pictures_.size() - 1;
+    for (qsizetype place = 0; place < sorted.size(); place += 1) {
+        if (kindOfFile(sorted[place]) != FileKind::Picture)
+            continue;
+        const QString stem = stemOf(sorted[place]);
+        pictures_ += {sorted[place], place, stem, pageMarkOf(stem)};
+        if (!pictures_.last().mark)
+            unmarked_[keyOf(stem)] += pictures_.size() - 1;
     }
 }
 
@@ -88,7 +104,7 @@ void Pairing::addUnmarked(Group &group) const
     const auto isSecond = [&](qsizetype each) { return placeOf(each) == 2 && pictures_[each].mark->isPlain; };
     const auto isFirst = [&](qsizetype each) { return placeOf(each) == 1; };
     const Group before = unmarked_.value(keyOf(pictures_[group.first()].mark->base));
-    if (before.size() == 1 && !pictures_[before.first()].mark && !pictures_[before.first()].isTaken
+    if (before.size() == 1 && !pictures_[before.first()].isTaken
         && std::any_of(group.begin(), group.end(), isSecond)
         && std::none_of(group.begin(), group.end(), isFirst))
         group.prepend(before.first());
@@ -123,43 +139,34 @@ NamedSong Pairing::take(const Group &group)
     return song;
 }
 
-QList<std::pair<qsizetype, NamedSong>> Pairing::songs()
+PlacedSongs Pairing::songs()
 {
-    QHash<QString, Group> groups;
-    QStringList order; // of the groups, so that the same names always give the same songs
+    QHash<std::pair<QString, int>, qsizetype> known;
+    QList<Group> groups; // in order, so that the same names always give the same songs
     for (qsizetype i = 0; i < pictures_.size(); i += 1) {
         const auto &mark = pictures_[i].mark;
         if (!mark)
             continue;
-        const QString key = keyOf(mark->base) + u'\n' + QString::number(mark->kind);
-        if (!groups.contains(key))
-            order += key;
-        groups[key] += i;
+        qsizetype &group = known[{keyOf(mark->base), mark->kind}];
+        if (group == 0) {
+            groups += Group();
+            group = groups.size();
+        }
+        groups[group - 1] += i;
     }
-    QList<std::pair<qsizetype, NamedSong>> songs;
-    for (const QString &key : std::as_const(order)) {
-        Group group = groups[key];
+    PlacedSongs songs;
+    for (Group &group : groups) {
         addUnmarked(group);
         std::stable_sort(group.begin(), group.end(),
                          [&](qsizetype one, qsizetype other) { return placeOf(one) < placeOf(other); });
         if (fits(group))
-            songs += {*std::min_element(group.begin(), group.end()), take(group)};
+            songs += {pictures_[*std::min_element(group.begin(), group.end())].place, take(group)};
     }
-    for (qsizetype i = 0; i < pictures_.size(); i += 1) {
-        if (!pictures_[i].isTaken)
-            songs += {i, NamedSong{pictures_[i].stem, {pictures_[i].file}, {}}};
+    for (const Picture &picture : std::as_const(pictures_)) {
+        if (!picture.isTaken)
+            songs += {picture.place, NamedSong{picture.stem, {picture.file}, {}}};
     }
     return songs;
-}
-
-static QStringList ofKind(const QStringList &names, FileKind kind)
-{
-    QStringList those;
-    for (const QString &name : names) {
-        if (kindOfFile(name) == kind)
-            those += name;
-    }
-    return those;
 }
 
 // In pieces of two pages.
@@ -174,35 +181,41 @@ static QList<NamedSong> cut(const NamedSong &song)
     return pieces;
 }
 
-using PlacedSongs = QList<std::pair<qsizetype, NamedSong>>;
-
-// PDFs and recordings come to the songs of pictures, which stand behind the places of their first pictures
-// in `pictures`; all of them in the order of `sorted`.
-static QList<NamedSong> withOthers(PlacedSongs songs, const QStringList &pictures, const QStringList &sorted)
+static void sortByPlace(PlacedSongs &songs)
 {
-    QHash<QString, qsizetype> place;
-    for (qsizetype i = 0; i < sorted.size(); i += 1)
-        place.insert(sorted[i], i);
-    for (auto &[where, song] : songs)
-        where = place[pictures[where]];
-    for (const QString &pdf : ofKind(sorted, FileKind::Pdf))
-        songs += {place[pdf], NamedSong{stemOf(pdf), {pdf}, {}}};
     std::stable_sort(songs.begin(), songs.end(),
-                     [](const auto &one, const auto &other) { return one.first < other.first; });
+                     [](const PlacedSong &one, const PlacedSong &other) { return one.first < other.first; });
+}
+
+// A recording joins the first song of its name.
+static void addRecordings(PlacedSongs &songs, const QStringList &sorted)
+{
     QHash<QString, qsizetype> byName;
     for (qsizetype i = songs.size() - 1; i >= 0; i -= 1)
         byName.insert(keyOf(songs[i].second.name), i);
-    for (const QString &recording : ofKind(sorted, FileKind::Recording)) {
-        const qsizetype song = byName.value(keyOf(stemOf(recording)), -1);
+    for (qsizetype place = 0; place < sorted.size(); place += 1) {
+        if (kindOfFile(sorted[place]) != FileKind::Recording)
+            continue;
+        const qsizetype song = byName.value(keyOf(stemOf(sorted[place])), -1);
         if (song >= 0 && songs[song].second.recording.isEmpty())
-            songs[song].second.recording = recording;
+            songs[song].second.recording = sorted[place];
         else
-            songs += {place[recording], NamedSong{stemOf(recording), {}, recording}};
+            songs += {place, NamedSong{stemOf(sorted[place]), {}, sorted[place]}};
     }
-    std::stable_sort(songs.begin(), songs.end(),
-                     [](const auto &one, const auto &other) { return one.first < other.first; });
+}
+
+// PDFs and recordings come to the songs of pictures.
+static QList<NamedSong> withOthers(PlacedSongs songs, const QStringList &sorted)
+{
+    for (qsizetype place = 0; place < sorted.size(); place += 1) {
+        if (kindOfFile(sorted[place]) == FileKind::Pdf)
+            songs += {place, NamedSong{stemOf(sorted[place]), {sorted[place]}, {}}};
+    }
+    sortByPlace(songs);
+    addRecordings(songs, sorted);
+    sortByPlace(songs);
     QList<NamedSong> all;
-    for (const auto &[where, song] : std::as_const(songs))
+    for (const auto &[place, song] : std::as_const(songs))
         all += song.pages.size() > 2 ? cut(song) : QList{song};
     return all;
 }
@@ -210,19 +223,19 @@ static QList<NamedSong> withOthers(PlacedSongs songs, const QStringList &picture
 QList<NamedSong> pairByName(const QStringList &names)
 {
     const QStringList sorted = alphabetical(names);
-    const QStringList pictures = ofKind(sorted, FileKind::Picture);
-    return withOthers(Pairing(pictures).songs(), pictures, sorted);
+    return withOthers(Pairing(sorted).songs(), sorted);
 }
 
 QList<NamedSong> pairInOrder(const QStringList &names, int pagesOfSong)
 {
     const QStringList sorted = alphabetical(names);
-    const QStringList pictures = ofKind(sorted, FileKind::Picture);
     PlacedSongs songs;
-    for (qsizetype i = 0; i < pictures.size(); i += pagesOfSong)
-        songs += {i,
-                  NamedSong{stemOf(pictures[i]),
-                            pictures.sliced(i, qMin<qsizetype>(pagesOfSong, pictures.size() - i)),
-                            {}}};
-    return withOthers(songs, pictures, sorted);
+    for (qsizetype place = 0; place < sorted.size(); place += 1) {
+        if (kindOfFile(sorted[place]) != FileKind::Picture)
+            continue;
+        if (songs.isEmpty() || songs.last().second.pages.size() == pagesOfSong)
+            songs += {place, NamedSong{stemOf(sorted[place]), {}, {}}};
+        songs.last().second.pages += sorted[place];
+    }
+    return withOthers(songs, sorted);
 }

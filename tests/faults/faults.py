@@ -155,7 +155,7 @@ class Skip(Exception):
 def files_in(folder):
     files = {}
     for parent, _, names in os.walk(folder):
-        for name in names if not parent.endswith(ARRIVING) else []:
+        for name in names if ARRIVING not in parent else []:
             if not LEFTOVER.fullmatch(name):
                 path = os.path.join(parent, name)
                 with open(path, "rb") as file:
