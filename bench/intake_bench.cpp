@@ -114,7 +114,7 @@ static void benchPdfs()
         {.task = "bring in 50 PDFs of two pages",
          .baseline = "pdftoppm by xargs -P",
          .limit = 1.2,
-         .rounds = 5,
+         .rounds = 3,
          .prepare = startAnew},
         [&] { bringInAll(songs); }, [&] { shell(pdftoppm); });
 }
