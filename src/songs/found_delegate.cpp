@@ -10,12 +10,16 @@
 #include <QTextLayout>
 #include <QToolTip>
 
+#include <deque>
+
 static constexpr QChar ellipsis(0x2026);
 
-FoundDelegate::FoundDelegate(const SongTable &table, QObject *parent)
+FoundDelegate::FoundDelegate(const SongTable &table, const QFont &font, QObject *parent)
     : QStyledItemDelegate(parent)
     , table_(table)
+    , bold_(font)
 {
+    bold_.setBold(true);
 }
 
 static QList<TextPart> partsToMark(const QModelIndex &index, const QString &text, const Query &query)
@@ -29,48 +33,65 @@ static QList<TextPart> partsToMark(const QModelIndex &index, const QString &text
     return isFound ? QList<TextPart>{{0, text.size()}} : QList<TextPart>{};
 }
 
-static QList<QTextLayout::FormatRange> inBold(const QList<TextPart> &parts)
+// Puts all of the text on one line, and returns its width.
+static double layOut(QTextLayout &layout)
 {
-    QTextCharFormat bold;
-    bold.setFontWeight(QFont::Bold);
-    QList<QTextLayout::FormatRange> ranges;
-    for (const TextPart &part : parts)
-        ranges += {static_cast<int>(part.start), static_cast<int>(part.length), bold};
-    return ranges;
-}
-
-// Lays out one line as wide as the place. Where the text is too long for it, the line leaves room for the
-// ellipsis, which stands in a cell without bold parts too, and the result is true.
-static bool layOut(QTextLayout &layout, Qt::Alignment alignment, int width)
-{
-    QTextOption option(alignment);
-    option.setWrapMode(QTextOption::WrapAnywhere);
+    QTextOption option;
+    option.setFlags(QTextOption::IncludeTrailingSpaces);
     layout.setTextOption(option);
     layout.beginLayout();
-    QTextLine line = layout.createLine();
-    line.setLineWidth(width);
-    const bool isTooLong = line.textLength() < layout.text().size();
-    if (isTooLong)
-        line.setLineWidth(width - QFontMetricsF(layout.font()).horizontalAdvance(ellipsis));
+    layout.createLine();
     layout.endLayout();
-    return isTooLong;
+    return layout.lineAt(0).naturalTextWidth();
 }
 
-static void drawMarked(QPainter *painter, const QStyleOptionViewItem &cell, const QRect &place,
-                       const QString &text, const QList<TextPart> &parts)
+// A layout for each font, since one for all of them would look up the bold one anew in every cell.
+static std::deque<QTextLayout> stretchesOf(const QString &text, const QList<TextPart> &parts,
+                                           const QFont &plain, const QFont &bold)
 {
-    QTextLayout layout(text, cell.font);
-    layout.setFormats(inBold(parts));
-    const bool isTooLong = layOut(layout, cell.displayAlignment, place.width());
-    const QTextLine line = layout.lineAt(0);
+    std::deque<QTextLayout> stretches;
+    qsizetype from = 0;
+    const auto addUpTo = [&](qsizetype end, const QFont &font) {
+        if (end > from)
+            stretches.emplace_back(text.mid(from, end - from), font);
+        from = end;
+    };
+    for (const TextPart &part : parts) {
+        addUpTo(part.start, plain);
+        addUpTo(part.start + part.length, bold);
+    }
+    addUpTo(text.size(), plain);
+    return stretches;
+}
+
+// Where the text is too long for the place, it ends in an ellipsis, as in a cell without bold parts.
+static void drawMarked(QPainter *painter, const QStyleOptionViewItem &cell, const QRect &place,
+                       std::deque<QTextLayout> stretches)
+{
     const bool isSelected = cell.state.testFlag(QStyle::State_Selected);
     painter->setPen(cell.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
-    const QPointF at(place.left(), place.top() + (place.height() - line.height()) / 2);
-    layout.draw(painter, at);
-    if (!isTooLong)
-        return;
-    painter->setFont(cell.font);
-    painter->drawText(at + QPointF(line.naturalTextWidth(), line.ascent()), QString(ellipsis));
+    double width = 0;
+    for (QTextLayout &stretch : stretches)
+        width += layOut(stretch);
+    const bool isTooLong = width > place.width();
+    double left = place.left();
+    if (!isTooLong && cell.displayAlignment.testFlag(Qt::AlignRight))
+        left += place.width() - width;
+    const double end = place.left() + place.width();
+    for (QTextLayout &stretch : stretches) {
+        const QFontMetricsF metrics(stretch.font());
+        const double next = left + stretch.lineAt(0).naturalTextWidth();
+        const bool isLast = isTooLong && next + metrics.horizontalAdvance(ellipsis) > end;
+        if (isLast) {
+            stretch.setText(metrics.elidedText(stretch.text() + ellipsis, Qt::ElideRight, end - left));
+            layOut(stretch);
+        }
+        const double height = stretch.lineAt(0).height();
+        stretch.draw(painter, {left, place.top() + (place.height() - height) / 2});
+        left = next;
+        if (isLast)
+            return;
+    }
 }
 
 // All of a cell but its text. Only one that has the focus is more than its ground.
@@ -99,7 +120,8 @@ void FoundDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     }
     paintEmpty(painter, cell, *style);
     const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, cell.widget) + 1;
-    drawMarked(painter, cell, cell.rect.adjusted(margin, 0, -margin, 0), text, parts);
+    drawMarked(painter, cell, cell.rect.adjusted(margin, 0, -margin, 0),
+               stretchesOf(text, parts, cell.font, bold_));
 }
 
 QWidget *FoundDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,

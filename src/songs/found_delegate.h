@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QFont>
 #include <QStyledItemDelegate>
 
 class SongTable;
@@ -10,7 +11,8 @@ class FoundDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 public:
-    FoundDelegate(const SongTable &table, QObject *parent);
+    // For cells in this font.
+    FoundDelegate(const SongTable &table, const QFont &font, QObject *parent);
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
@@ -22,4 +24,5 @@ public:
 
 private:
     const SongTable &table_;
+    QFont bold_;
 };

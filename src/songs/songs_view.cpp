@@ -13,7 +13,9 @@
 #include <array>
 #include <bitset>
 
-static constexpr std::array<int, songColumns> columnWidths = {46, 180, 110, 90, 80, 42, 46, 78, 44, 68};
+// Numbers and ticks take what their headings need; the texts share what is left, and are no narrower than
+// this.
+static constexpr std::array<int, songColumns> leastWidths = {46, 110, 70, 56, 62, 42, 46, 78, 44, 68};
 
 SongsView::SongsView(SongTable &table, QWidget *parent)
     : QTableView(parent)
@@ -24,7 +26,7 @@ SongsView::SongsView(SongTable &table, QWidget *parent)
     setAccessibleName("Songs");
     setFont(verdana(9.75));
     setModel(&table);
-    setItemDelegate(new FoundDelegate(table, this));
+    setItemDelegate(new FoundDelegate(table, font(), this));
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
     setTabKeyNavigation(false);
@@ -36,7 +38,7 @@ SongsView::SongsView(SongTable &table, QWidget *parent)
     horizontalHeader()->setFont(font());
     horizontalHeader()->setHighlightSections(false);
     for (int column = 0; column < songColumns; column += 1)
-        setColumnWidth(column, columnWidths[static_cast<size_t>(column)]);
+        setColumnWidth(column, leastWidths[static_cast<size_t>(column)]);
     horizontalHeader()->setSortIndicator(0, Qt::AscendingOrder);
     setSortingEnabled(true);
     nothing_->setObjectName("nothing");
@@ -152,6 +154,22 @@ void SongsView::resizeEvent(QResizeEvent *event)
 {
     QTableView::resizeEvent(event);
     nothing_->setGeometry(viewport()->rect());
+    fitTexts();
+}
+
+// In the proportions that they have, which a person may have changed.
+void SongsView::fitTexts()
+{
+    int others = 0;
+    int texts = 0;
+    for (int column = 0; column < songColumns; column += 1)
+        (isText(SongColumn(column)) ? texts : others) += columnWidth(column);
+    const int room = viewport()->width() - others;
+    for (int column = 0; column < songColumns; column += 1) {
+        if (isText(SongColumn(column)))
+            setColumnWidth(
+                column, qMax(leastWidths[static_cast<size_t>(column)], columnWidth(column) * room / texts));
+    }
 }
 
 // In a column that cannot be edited, the title is.

@@ -49,6 +49,7 @@ private:
     void restoreChosen(const QList<int> &records);
     void editCurrent();
     void showWhetherEmpty();
+    void fitTexts();
 
     SongTable &table_;
     Place before_;

@@ -62,14 +62,15 @@ QLayout *SongsWindow::makeHead()
     find_->setClearButtonEnabled(true);
     find_->setToolTip("Words of title, author, tags or category, or a number. \"In quotes\": as it stands.");
     find_->installEventFilter(this);
+    find_->setMinimumWidth(find_->fontMetrics().averageCharWidth() * 15);
     show_ = new QComboBox;
     show_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    show_->setMinimumContentsLength(22);
+    show_->setMinimumContentsLength(12);
     show_->setAccessibleDescription("Which songs are shown");
     row->addWidget(labelOf(find_, "Find"));
-    row->addWidget(find_, 1);
+    row->addWidget(find_, 3);
     row->addWidget(labelOf(show_, "Show"));
-    row->addWidget(show_);
+    row->addWidget(show_, 2);
     return row;
 }
 
@@ -85,7 +86,7 @@ QWidget *SongsWindow::makeMiddle()
     column->addWidget(left_);
     column->addWidget(right_);
     middle->setStretchFactor(0, 1);
-    middle->setSizes({width() * 4 / 5, width() / 5});
+    middle->setSizes({width() * 5 / 6, width() / 6});
     middle->setChildrenCollapsible(false);
     return middle;
 }
