@@ -61,39 +61,6 @@ private slots:
         }
     }
 
-    void choices_areOfOneLackEach()
-    {
-        List list({"A||x|1", "B||x|1", "C||x|1", "D||x|0", "|||1", "É|||1", "e|||1", "F|||1", "G|||1"});
-        put("spartiti/m.jpg", "empty");
-        for (int n = 1; n <= 9; n += 1) {
-            if (n != 1)
-                put(QString("spartiti/%1L.jpg").arg(n), "left");
-            put(QString("spartiti/%1R.jpg").arg(n), n == 2 ? "empty" : "right");
-            if (n != 3)
-                put(QString("spartiti/audio/%1.mp3").arg(n), {});
-        }
-        put("spartiti/playlist.js", fileOf("playlist", "\"One\",\"9,1,2,3,4,5,6,7,9,50,#\",\r\n"));
-        list.table->readDisk();
-        list.edits.set(Field::Tags, {7}, {"y"});
-        const std::tuple<SongChoice::Kind, const char *> rows[] = {
-            {SongChoice::All, "1 2 3 4 5 6 7 8 9"}, {SongChoice::WithoutLeftPage, "1"},
-            {SongChoice::WithoutRightPage, "2"},    {SongChoice::WithoutRecording, "3"},
-            {SongChoice::WithoutCategory, "4"},     {SongChoice::WithoutTitle, "5"},
-            {SongChoice::SameTitle, "6 7"},         {SongChoice::Unsaved, "7"},
-            {SongChoice::InNoPlaylist, "8"},        {SongChoice::OfPlaylist, "9 1 2 3 4 5 6 7 9"},
-        };
-        const QList<SongChoice> choices = choicesOf(list.table->disk());
-        for (const auto &[kind, shown] : rows) {
-            list.table->choose(choices[kind]);
-            QCOMPARE(list.shown(), shown);
-        }
-        list.table->sort(0, Qt::DescendingOrder); // the playlist by number, no longer in its order
-        QCOMPARE(list.shown(), "9 9 7 6 5 4 3 2 1");
-        QVERIFY(QFile::remove("spartiti/playlist.js"));
-        list.table->readDisk();
-        QCOMPARE(list.shown(), "9 8 7 6 5 4 3 2 1");
-    }
-
     void whatLiesOnTheDisk_isRead()
     {
         List list({"A|||33", "B|||9", "C|||99"});
@@ -134,28 +101,6 @@ private slots:
             list.table->sort(static_cast<int>(column), Qt::DescendingOrder);
             QCOMPARE(list.shown(), down);
         }
-    }
-
-    void changes_areThereAtOnce()
-    {
-        List list({"A|||1", "B|||1", "C|||1"});
-        list.table->readDisk();
-        list.table->sort(1, Qt::AscendingOrder);
-        list.table->find("c");
-        list.edits.set(Field::Title, {1}, {"Cc"});
-        QCOMPARE(list.shown(), "3 1");
-        QVERIFY(list.table->setData(list.table->index(0, 1), "Cd", Qt::EditRole));
-        QCOMPARE(list.shown(), "1 3");
-        list.edits.stack().undo();
-        Module1.recCount = 4;
-        list.edits.added();
-        QCOMPARE(list.shown(), "3 1");
-        list.edits.type(Field::Author, 4, "c");
-        QCOMPARE(list.shown(), "4 3 1");
-        putArchive({"A|c||1"});
-        QVERIFY(loadArchive().result.ok());
-        list.edits.loaded();
-        QCOMPARE(list.shown(), "1");
     }
 };
 

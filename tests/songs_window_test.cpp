@@ -1,62 +1,39 @@
 #include "files/data_folder.h"
+#include "files/replacement.h"
 #include "songs/set_list.h"
-#include "support/windows.h"
+#include "support/songs_window.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QListView>
-#include <QMenu>
 #include <QProcess>
+#include <QScrollBar>
 #include <QStandardPaths>
-#include <QTableView>
 
-static const QString window = "Songs";
+using namespace songs;
+
 static const QString path = "spartiti/archivio.js";
 
-static QTableView *table()
-{
-    return control<QTableView>(window, "Songs");
-}
-
-// What has the focus; just after a box has closed nothing may, for a moment.
-static QWidget *focused()
-{
-    if (!QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }))
-        failTest("nothing has the focus");
-    return QApplication::focusWidget();
-}
-
-static void key(Qt::Key key, Qt::KeyboardModifiers held = {})
-{
-    QTest::keyClick(focused(), key, held);
-}
-
-static void keys(const QString &text)
-{
-    QTest::keyClicks(focused(), text);
-}
-
-static void openSongs()
-{
-    press("Form1", "Text2", Qt::Key_F, Qt::ControlModifier);
-    waitUntilActive(window);
-}
-
-// The titles of all rows.
-static QString titles()
+// What stands in a column of all rows.
+static QString shown(int column)
 {
     QStringList all;
     for (int row = 0; row < table()->model()->rowCount(); row += 1)
-        all += table()->model()->index(row, 1).data().toString();
+        all += table()->model()->index(row, column).data().toString();
     return all.join(' ');
 }
 
-static QString currentTitle()
+static QString titles()
 {
-    return table()->currentIndex().siblingAtColumn(1).data().toString();
+    return shown(1);
+}
+
+static void sortBy(int column)
+{
+    QTest::mouseClick(table()->horizontalHeader()->viewport(), Qt::LeftButton, {},
+                      {table()->columnViewportPosition(column) + 20, 8});
 }
 
 static void show(const QString &choice)
@@ -70,53 +47,9 @@ static void show(const QString &choice)
     QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(row).center());
 }
 
-// The entry of that text in the menu that is open; null if there is none.
-static QAction *openEntry(const QString &text)
+static QString tags()
 {
-    const auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    for (QAction *entry : menu ? menu->actions() : QList<QAction *>()) {
-        if (entry->text() == text)
-            return entry;
-    }
-    return nullptr;
-}
-
-// Chooses in the open menu, or in a menu of that, by real clicks.
-static void choose(const QStringList &entries)
-{
-    for (const QString &text : entries) {
-        QTRY_VERIFY(openEntry(text));
-        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(openEntry(text)).center());
-    }
-}
-
-// With all rows chosen, by keys.
-static void chooseForAll(const QStringList &entries)
-{
-    table()->setFocus();
-    key(Qt::Key_A, Qt::ControlModifier);
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
-    QApplication::sendEvent(table()->viewport(), &event);
-    choose(entries);
-    waitUntilActive(window); // a dialog may have been in front
-    table()->setFocus();
-}
-
-// What is done in the dialog that opens next, before Enter closes it.
-static void inDialog(const std::function<void()> &steps)
-{
-    auto *timer = new QTimer(qApp);
-    QObject::connect(timer, &QTimer::timeout, timer, [=] {
-        QWidget *dialog = QApplication::activeModalWidget();
-        if (!dialog || !dialog->isAncestorOf(QApplication::focusWidget()))
-            return;
-        timer->deleteLater();
-        timer->stop();
-        steps();
-        QTest::keyClick(dialog, Qt::Key_Return);
-    });
-    timer->start(5);
+    return Module1.recTags[1] + '|' + Module1.recTags[2] + '|' + Module1.recTags[3];
 }
 
 static QStringList pdfLines(const QString &file)
@@ -137,7 +70,7 @@ private slots:
     void aSong_isShownByAFewKeys()
     {
         const Program program(archiveOf({"La mer|Debussy||1", "Röyksopp|||1", "Mer la|||1"}));
-        openSongs();
+        open();
         QVERIFY(control<QLineEdit>(window, "Find")->hasFocus());
         QCOMPARE(textOf(window, "count"), "3 of 3 songs");
         keys("royks");
@@ -147,67 +80,97 @@ private slots:
         key(Qt::Key_Return);
         QCOMPARE(textOf("Form1", "Text2"), "Röyksopp");
         waitUntilActive("Form1");
-        press("Form1", "Text2", Qt::Key_F, Qt::ControlModifier); // the same list comes forward
-        waitUntilActive(window);
+        open(); // the same list comes forward
         keys("\"la mer\""); // in place of what was selected
         QCOMPARE(titles(), "La mer");
         key(Qt::Key_Down);
         keys("x"); // typed in the table, it is for the box
         QCOMPARE(textOf(window, "Find"), "\"la mer\"x");
         QCOMPARE(textOf(window, "count"), "0 of 3 songs");
-        QCOMPARE(textOf(window, "nothing"), "Nothing found.");
-        QVERIFY(control(window, "nothing")->isVisible());
+        QVERIFY(textOf(window, "nothing") == "Nothing found." && control(window, "nothing")->isVisible());
         key(Qt::Key_Escape);
         QVERIFY(!windowNamed(window));
     }
 
     void theList_keepsPlaceSortAndSearch()
     {
-        Program program(archiveOf({"ab|||1", "ac|||1", "b|||1", "ad|||1"}));
-        openSongs();
+        QStringList records{"b|||1"};
+        for (int n = 2; n <= 200; n += 1)
+            records += QStringLiteral("a%1|||1").arg(n);
+        Program program(archiveOf(records));
+        open();
         keys("a");
-        QTest::mouseClick(table()->horizontalHeader()->viewport(), Qt::LeftButton, {},
-                          {table()->columnViewportPosition(1) + 20, 8});
-        QTest::mouseClick(table()->horizontalHeader()->viewport(), Qt::LeftButton, {},
-                          {table()->columnViewportPosition(1) + 20, 8});
-        clickRow(window, "Songs", 1, 100);
-        QCOMPARE(titles() + '/' + currentTitle(), "ad ac ab/ac");
+        sortBy(1);
+        sortBy(1);
+        clickCell(1, 1);
+        const auto firstInView = [] {
+            return table()->model()->index(table()->rowAt(0), 1).data().toString();
+        };
+        const auto place = [&] {
+            return table()->currentIndex().siblingAtColumn(1).data().toString() + ' ' + firstInView() + ' '
+                + textOf(window, "count");
+        };
+        table()->verticalScrollBar()->setValue(50);
+        QCOMPARE(place(), "a199 a150 199 of 200 songs");
         program.rooms.form1.showSong(1);
-        type("Form1", "Text2", "az");
-        QCOMPARE(titles() + '/' + currentTitle(), "az ad ac/ac");
+        type("Form1", "Text2", "az"); // comes first
+        QCOMPARE(place(), "a199 a150 200 of 200 songs");
         click("Form1", "Add");
-        type("Form1", "Text2", "aa");
-        QCOMPARE(titles() + '/' + currentTitle(), "az ad ac aa/ac");
+        type("Form1", "Text2", "az");
         click("Form1", "Save");
-        QCOMPARE(titles() + '/' + currentTitle(), "az ad ac aa/ac");
-        putArchive({"ab|||1", "ac|||1", "ae|||1"});
+        QCOMPARE(place(), "a199 a150 201 of 201 songs");
+        putArchive(QStringList{"a1000|||1"} + records.mid(1) + QStringList{"c|||1"});
         program.rooms.form1.reload();
-        QCOMPARE(titles() + '/' + currentTitle(), "ae ac ab/ac");
+        QCOMPARE(place(), "a199 a150 200 of 201 songs");
+        QVERIFY(!program.rooms.edits.stack().canUndo()); // the steps were about other songs
+        waitUntilActive(window);
+        editCell(60, 1, "b"); // is no longer found, and the next stands in its place
+        QCOMPARE(place(), "a140 a150 199 of 201 songs");
     }
 
-    void show_choosesByWhatIsLacking()
+    void show_choosesByOneLackEach()
     {
-        const Program program(archiveOf({"A|||0", "B|||1", "C|||1"}));
-        put("spartiti/playlist.js", fileOf("playlist", "\"Evening\",\"3,1,3,#\",\r\n"));
-        openSongs();
-        show("Without category");
-        QCOMPARE(titles(), "A");
-        show("Evening");
-        QCOMPARE(titles(), "C A C");
-        show("All");
-        QCOMPARE(titles(), "A B C");
-        put("spartiti/audio/2.mp3", {}); // seen when the window is the active one again
+        const Program program(
+            archiveOf({"A||x|1", "B||x|1", "C||x|1", "D||x|0", "|||1", "É|||1", "e|||1", "F|||1", "G|||1"}));
+        put("spartiti/m.jpg", "empty");
+        for (int n = 1; n <= 9; n += 1) {
+            if (n != 1)
+                put(QString("spartiti/%1L.jpg").arg(n), "left");
+            put(QString("spartiti/%1R.jpg").arg(n), n == 2 ? "empty" : "right");
+            if (n != 3)
+                put(QString("spartiti/audio/%1.mp3").arg(n), {});
+        }
+        put("spartiti/playlist.js", fileOf("playlist", "\"One\",\"9,1,2,3,4,5,6,7,9,50,#\",\r\n"));
+        open();
+        editCell(6, 3, "y");
+        for (const auto &[choice, numbers] :
+             std::initializer_list<std::pair<const char *, const char *>>{{"Without left page", "1"},
+                                                                          {"Without right page", "2"},
+                                                                          {"Without recording", "3"},
+                                                                          {"Without category", "4"},
+                                                                          {"Without title", "5"},
+                                                                          {"Same title as another", "6 7"},
+                                                                          {"Changed and not saved", "7"},
+                                                                          {"In no playlist", "8"},
+                                                                          {"One", "9 1 2 3 4 5 6 7 9"},
+                                                                          {"All", "1 2 3 4 5 6 7 8 9"},
+                                                                          {"One", "9 1 2 3 4 5 6 7 9"}}) {
+            show(choice);
+            QCOMPARE(shown(0), numbers);
+        }
+        sortBy(0); // by number, no longer in its order
+        QCOMPARE(shown(0), "1 2 3 4 5 6 7 9 9");
+        QVERIFY(QFile::remove("spartiti/playlist.js")); // seen when the window is the active one again
         waitUntilActive("Form1");
         waitUntilActive(window);
-        show("Without recording");
-        QCOMPARE(titles(), "A C");
+        QCOMPARE(shown(0), "1 2 3 4 5 6 7 8 9");
     }
 
     void aCell_isEditedAndUndone()
     {
         const Program program(archiveOf({"A|||1", "B|||1"}));
-        openSongs();
-        clickRow(window, "Songs", 1, 100);
+        open();
+        clickCell(1, 1);
         key(Qt::Key_F2);
         keys("Be\"");
         key(Qt::Key_Z, Qt::ControlModifier); // the box's own
@@ -226,31 +189,29 @@ private slots:
         table()->setFocus();
         key(Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(titles(), "A B");
-        key(Qt::Key_Y, Qt::ControlModifier);
-        QCOMPARE(titles(), "A Be'");
         key(Qt::Key_F, Qt::ControlModifier);
         keys("b");
-        key(Qt::Key_Z, Qt::ControlModifier); // takes the letter back, not the edit
-        QCOMPARE(textOf(window, "Find") + titles(), "A Be'");
+        key(Qt::Key_Z, Qt::ControlModifier); // takes the letter back, not an edit
+        QCOMPARE(textOf(window, "Find") + titles(), "A B");
     }
 
     void manySongs_areChangedAsOneStep()
     {
-        const Program program(archiveOf({"A||x y|1", "B||Y|2", "C|||3"}));
+        const QByteArray archive = archiveOf({"A||x y|1", "B||Y|2", "C|||3"});
+        const Program program(archive);
         put("spartiti/generi.js", fileOf("generi", linesOf("Jazz" + QString("|x").repeated(32))));
-        openSongs();
+        open();
         chooseForAll({"Set the category", "Jazz"});
         QCOMPARE(Module1.recCategory[2] + Module1.recCategory[3], "11");
         inDialog([] { keys("loud y"); });
         chooseForAll({"Add a tag…"});
-        QCOMPARE(Module1.recTags[1] + '|' + Module1.recTags[2] + '|' + Module1.recTags[3],
-                 "x y loud|Y loud|loud y");
+        QCOMPARE(tags(), "x y loud|Y loud|loud y");
         key(Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(Module1.recTags[1] + '|' + Module1.recTags[2] + '|' + Module1.recTags[3], "x y|Y|");
+        QCOMPARE(tags(), "x y|Y|");
         inDialog([] { key(Qt::Key_Down); }); // from x to y
         chooseForAll({"Remove a tag…"});
-        QCOMPARE(Module1.recTags[1] + '|' + Module1.recTags[2] + '|' + Module1.recTags[3], "x||");
-        QCOMPARE(contents(path), archiveOf({"A||x y|1", "B||Y|2", "C|||3"}));
+        QCOMPARE(tags(), "x||");
+        QCOMPARE(contents(path), archive);
         key(Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(QGuiApplication::clipboard()->text().section('\n', 0, 1),
                  "No.\tTitle\tAuthor\tTags\tCategory\tLeft\tRight\tRecording\tMIDI\tPlaylists\n"
@@ -262,18 +223,26 @@ private slots:
         const auto block = [](int n, const char *row) {
             return linesOf(QString::number(n) + QString('|' + QString(row)).repeated(16));
         };
-        Program program(archiveOf({"A|||1", "B|||1", "C|||1"}), {Answer::No, Answer::Yes});
-        const QByteArray before = fileOf("midi", block(7, "é,,9") + block(1, "1,2,3") + block(3, "4,5,6"));
+        Program program(archiveOf(QStringList(500, "A|||1")), {Answer::No, Answer::Yes});
+        const QByteArray others = block(700, "é,,9") + block(1, "1,2,3") + block(600, "07,8,300");
+        const QByteArray before = fileOf("midi", others + block(3, "4,5,6"));
         put(midiPath(), before);
-        openSongs();
+        open();
+        QStringList written;
+        setReplacementKeeper({[&](const QString &file) { written += file; }, [](const QString &, bool) {}});
         chooseForAll({"Copy the MIDI settings of the first"});
-        QVERIFY(program.told.value(0).startsWith("Give 2 songs the MIDI settings of song 1, A?"));
+        QVERIFY(program.told.value(0).startsWith("Give 499 songs the MIDI settings of song 1, A?"));
+        QVERIFY(program.told.value(0).endsWith("Undo does not bring them back."));
         QCOMPARE(contents(midiPath()), before);
         chooseForAll({"Copy the MIDI settings of the first"});
-        QCOMPARE(
-            contents(midiPath()),
-            fileOf("midi", block(7, "é,,9") + block(1, "1,2,3") + block(3, "1,2,3") + block(2, "1,2,3")));
-        QCOMPARE(table()->model()->index(1, 8).data().toString(), QString(QChar(0x2713)));
+        setReplacementKeeper({});
+        QByteArray after = others + block(3, "1,2,3");
+        for (int n = 2; n <= 500; n += 1)
+            after += n == 3 ? QByteArray() : block(n, "1,2,3");
+        QCOMPARE(contents(midiPath()), fileOf("midi", after));
+        QCOMPARE(written, QStringList{midiPath()});
+        QVERIFY(!program.rooms.edits.stack().canUndo());
+        QCOMPARE(table()->model()->index(499, 8).data().toString(), QString(QChar(0x2713)));
     }
 
     void theSetList_isOfTwoPagesAndReadable()

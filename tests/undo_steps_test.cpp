@@ -1,24 +1,24 @@
-// Thousands of random steps in the main window, beside a plain model of what they mean.
-#include "controls/scroll_bar.h"
-#include "support/windows.h"
-
-#include <QLineEdit>
+// Thousands of random steps in the main window and in "Songs", beside a plain model of what they mean.
+#include "support/songs_window.h"
+#include "support/table.h"
 
 #include <random>
 
-static const QString window = "Form1";
-static constexpr int boxes = 3;
+static const QString form = "Form1";
+static constexpr size_t boxes = 3;
+static constexpr size_t category = 3;
 static const std::array<QString, boxes> boxNames = {"Text2", "Text3", "Text4"};
 
 // A song as the model has it.
-using Song = std::array<QString, boxes>;
+using Song = std::array<QString, boxes + 1>;
 
 struct Model {
+    static constexpr int atOnce = -1;
     struct Step {
-        int song;
-        size_t box;
-        QString before;
-        QString after;
+        size_t field;
+        QList<int> songs;
+        QStringList before;
+        QStringList after;
         int run; // steps of typing are one while nothing else was done
     };
 
@@ -30,22 +30,26 @@ struct Model {
     qsizetype done = 0; // how many of the steps are not undone
     int run = 0;
 
-    void type(size_t box, const QString &text)
+    void put(size_t field, QList<int> changed, const std::function<QString(QString)> &change, int ofRun)
     {
-        QString &field = songs[shown][box];
-        if (field == text)
+        changed.removeIf([&](int n) { return change(songs[n][field]) == songs[n][field]; });
+        if (changed.isEmpty())
             return;
         steps.resize(done, Step{});
-        const bool goesOn =
-            done > 0 && steps.last().song == shown && steps.last().box == box && steps.last().run == run;
+        QStringList before, after;
+        for (const int n : changed) {
+            before += songs[n][field];
+            after += songs[n][field] = change(songs[n][field]);
+        }
+        const bool goesOn = done > 0 && ofRun != atOnce && steps.last().run == ofRun
+            && steps.last().field == field && steps.last().songs == changed;
         if (goesOn)
-            steps.last().after = text;
+            steps.last().after = after;
         else
-            steps += Step{shown, box, field, text, run};
+            steps += Step{field, changed, before, after, ofRun};
         if (steps.last().before == steps.last().after)
             steps.removeLast();
         done = steps.size();
-        field = text;
     }
     void browse(int by)
     {
@@ -60,8 +64,9 @@ struct Model {
         done -= undo ? 1 : 0;
         const Step &step = steps[done];
         done += undo ? 0 : 1;
-        songs[step.song][step.box] = undo ? step.before : step.after;
-        shown = step.song;
+        for (qsizetype i = 0; i < step.songs.size(); i += 1)
+            songs[step.songs[i]][step.field] = (undo ? step.before : step.after)[i];
+        shown = step.songs.contains(shown) ? shown : step.songs[0];
         run += 1;
     }
     void add()
@@ -74,12 +79,24 @@ struct Model {
         shown = last = count;
         run += 1;
     }
-    QByteArray file() const
+    // What a step is called in the menu.
+    QString undoText() const
+    {
+        static const QStringList names{"title", "author", "tags", "category"};
+        if (done == 0)
+            return {};
+        const Step &step = steps[done - 1];
+        const bool isOne = step.songs.size() == 1;
+        return names[static_cast<int>(step.field)] + " of "
+            + (isOne ? QString::number(step.songs[0]) : QString::number(step.songs.size()) + " songs");
+    }
+    QStringList records() const
     {
         QStringList records;
         for (int n = 1; n <= count; n += 1)
-            records += songs[n][0] + '|' + songs[n][1] + '|' + songs[n][2] + "|0";
-        return archiveOf(records);
+            records += songs[n][0] + '|' + songs[n][1] + '|' + songs[n][2] + '|'
+                + (songs[n][3].isEmpty() ? "0" : songs[n][3]);
+        return records;
     }
 };
 
@@ -87,49 +104,20 @@ class UndoStepsTest : public WindowTest
 {
     Q_OBJECT
 private slots:
-    void arrayBoxAndFile_areInStep_data()
-    {
-        QTest::addColumn<unsigned>("seed");
-        for (unsigned seed = 1; seed <= 3; seed += 1)
-            QTest::addRow("%u", seed) << seed;
-    }
+    void arrayBoxAndFile_areInStep_data() { tableOf<unsigned>({{"one", 1}, {"two", 2}, {"three", 3}}); }
     void arrayBoxAndFile_areInStep()
     {
-        QFETCH(const unsigned, seed);
-        static constexpr int steps = 1000;
-        const Program program(archiveOf({"a|||0", "b|||0", "c|||0"}));
+        Program program(archiveOf({"a|||0", "b|||0", "c|||0"}));
+        songs::open();
         Model model;
-        model.songs = {{}, {"a"}, {"b"}, {"c"}, {}};
+        model.songs = {{}, {"a", "", "", "0"}, {"b", "", "", "0"}, {"c", "", "", "0"}, {}};
         model.count = model.shown = 3;
         model.last = 4;
-        QByteArray onDisk = model.file();
-        std::mt19937 random(seed);
-        const auto below = [&](unsigned end) { return static_cast<unsigned>(random()) % end; };
-        for (int step = 1; step <= steps; step += 1) {
-            const unsigned kind = below(20);
-            if (kind < 8) {
-                const size_t box = below(boxes);
-                const QString text = QString(QChar('a' + static_cast<int>(below(3)))).repeated(1 + below(2));
-                type(window, boxNames[box], text);
-                for (qsizetype typed = 1; typed <= text.size(); typed += 1)
-                    model.type(box, text.first(typed));
-            } else if (kind < 12) {
-                const bool isUp = below(2) == 0;
-                press(window, boxNames[below(boxes)], isUp ? Qt::Key_PageUp : Qt::Key_PageDown);
-                model.browse(isUp ? -1 : 1);
-            } else if (kind < 18) {
-                const bool isUndo = below(5) < 3;
-                press(window, boxNames[below(boxes)], isUndo ? Qt::Key_Z : Qt::Key_Y, Qt::ControlModifier);
-                model.goBack(isUndo);
-            } else if (kind == 18) {
-                click(window, "Command5");
-                model.add();
-            } else {
-                click(window, "Command1");
-                onDisk = model.file();
-                model.run += 1;
-            }
-            verify(model, onDisk);
+        onDisk_ = model.records();
+        random_.seed(tableRow<unsigned>());
+        for (int step = 1; step <= 700; step += 1) {
+            play(model);
+            verify(model, program.rooms.edits);
             if (QTest::currentTestFailed()) {
                 qWarning("at step %d", step);
                 return;
@@ -139,20 +127,98 @@ private slots:
     }
 
 private:
-    static void verify(const Model &model, const QByteArray &onDisk)
+    unsigned below(unsigned end) { return static_cast<unsigned>(random_()) % end; }
+
+    void play(Model &model)
     {
-        QCOMPARE(textOf(window, "Text1"), QString::number(model.shown));
+        const unsigned kind = below(24);
+        const QString text = QString(QChar('a' + static_cast<int>(below(3)))).repeated(1 + below(2));
+        const size_t box = below(boxes);
+        if (kind < 8) {
+            type(form, boxNames[box], text);
+            for (qsizetype typed = 1; typed <= text.size(); typed += 1)
+                model.put(
+                    box, {model.shown}, [&](auto) { return text.first(typed); }, model.run);
+        } else if (kind < 12) {
+            const bool isUp = below(2) == 0;
+            press(form, boxNames[box], isUp ? Qt::Key_PageUp : Qt::Key_PageDown);
+            model.browse(isUp ? -1 : 1);
+        } else if (kind < 18) {
+            const bool isUndo = below(5) < 3;
+            const bool isInSongs = below(3) == 0;
+            press(isInSongs ? songs::window : form, isInSongs ? songs::window : boxNames[box],
+                  isUndo ? Qt::Key_Z : Qt::Key_Y, Qt::ControlModifier);
+            model.goBack(isUndo);
+        } else if (kind == 18) {
+            click(form, "Command5");
+            model.add();
+        } else if (kind == 19) {
+            click(form, "Command1");
+            onDisk_ = model.records();
+            for (int n = 1; n <= model.count; n += 1)
+                model.songs[n][category] =
+                    model.songs[n][category].isEmpty() ? "0" : model.songs[n][category];
+            model.run += 1;
+        } else {
+            playInSongs(model, kind, box, text);
+        }
+    }
+
+    // Most often a cell is edited, else all from there to another one.
+    void playInSongs(Model &model, unsigned kind, size_t box, const QString &text)
+    {
+        waitUntilActive(songs::window);
+        const int first = 1 + static_cast<int>(below(static_cast<unsigned>(model.count)));
+        if (kind < 22) {
+            songs::editCell(first - 1, static_cast<int>(box) + 1, text);
+            return model.put(
+                box, {first}, [&](auto) { return text; }, Model::atOnce);
+        }
+        QList<int> chosen;
+        for (int n = first; n <= qMin(first + 2, model.count); n += 1)
+            chosen += n;
+        songs::table()->setFocus();
+        songs::clickCell(chosen.first() - 1, 0);
+        songs::clickCell(chosen.last() - 1, 0, Qt::ShiftModifier);
+        if (kind == 22) {
+            songs::chooseForChosen({"Set the category", QString::number(text.size())});
+            return model.put(
+                category, chosen, [&](auto) { return QString::number(text.size()); }, Model::atOnce);
+        }
+        songs::inDialog([&] { songs::keys(text); });
+        songs::chooseForChosen({"Add a tag…"});
+        const auto tagged = [&](const QString &tags) {
+            return tags.split(' ').contains(text) ? tags : (tags + ' ' + text).trimmed();
+        };
+        model.put(2, chosen, tagged, Model::atOnce);
+    }
+
+    void verify(const Model &model, Edits &edits) const
+    {
+        QCOMPARE(textOf(form, "Text1"), QString::number(model.shown));
         for (size_t box = 0; box < boxes; box += 1)
-            QCOMPARE(textOf(window, boxNames[box]), model.songs[model.shown][box]);
+            QCOMPARE(textOf(form, boxNames[box]), model.songs[model.shown][box]);
         QCOMPARE(Module1.recCount, model.count);
+        QCOMPARE(songs::table()->model()->rowCount(), model.count);
         for (int n = 1; n < model.songs.size(); n += 1) {
             const auto entry = static_cast<size_t>(n);
-            QCOMPARE((Song{Module1.recTitle[entry], Module1.recAuthor[entry], Module1.recTags[entry]}),
+            QCOMPARE((Song{Module1.recTitle[entry], Module1.recAuthor[entry], Module1.recTags[entry],
+                           Module1.recCategory[entry]}),
                      model.songs[n]);
         }
-        QCOMPARE(contents("spartiti/archivio.js"), onDisk);
-        QCOMPARE(Module1.archiveChanged, model.file() != onDisk);
+        QCOMPARE(edits.stack().undoText(), model.undoText());
+        QCOMPARE(contents("spartiti/archivio.js"), archiveOf(onDisk_));
+        QList<int> unsaved;
+        for (int n = 1; n <= model.count; n += 1) {
+            if (model.records()[n - 1] != onDisk_.value(n - 1))
+                unsaved += n;
+        }
+        QCOMPARE(edits.unsavedRecords(), unsaved);
+        QCOMPARE(Module1.archiveChanged, !unsaved.isEmpty());
     }
+
+    QStringList onDisk_;
+    std::mt19937 random_;
 };
 
 QTEST_MAIN(UndoStepsTest)

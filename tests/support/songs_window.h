@@ -1,0 +1,107 @@
+#pragma once
+
+#include "support/windows.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QTableView>
+
+// The window "Songs", as a person uses it.
+namespace songs
+{
+inline const QString window = "Songs";
+
+inline QTableView *table()
+{
+    return control<QTableView>(window, window);
+}
+
+// What has the focus; just after a box has closed nothing may, for a moment.
+inline QWidget *focused()
+{
+    if (!QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }))
+        failTest("nothing has the focus");
+    return QApplication::focusWidget();
+}
+inline void key(Qt::Key key, Qt::KeyboardModifiers held = {})
+{
+    QTest::keyClick(focused(), key, held);
+}
+inline void keys(const QString &text)
+{
+    QTest::keyClicks(focused(), text);
+}
+
+inline void open()
+{
+    press("Form1", "Text2", Qt::Key_F, Qt::ControlModifier);
+    waitUntilActive(window);
+}
+
+inline void clickCell(int row, int column, Qt::KeyboardModifiers held = {})
+{
+    const QModelIndex cell = table()->model()->index(row, column);
+    table()->scrollTo(cell);
+    QTest::mouseClick(table()->viewport(), Qt::LeftButton, held, table()->visualRect(cell).center());
+}
+
+inline void editCell(int row, int column, const QString &text)
+{
+    clickCell(row, column);
+    key(Qt::Key_F2);
+    keys(text);
+    key(Qt::Key_Return);
+    QCoreApplication::processEvents(); // the box is closed a moment later
+}
+
+// Chooses in the open menu, or in a menu of that, by real clicks.
+inline void choose(const QStringList &entries)
+{
+    for (const QString &text : entries) {
+        QMenu *menu = nullptr;
+        QAction *entry = nullptr;
+        const bool isOpen = QTest::qWaitFor([&] {
+            menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            for (QAction *each : menu ? menu->actions() : QList<QAction *>())
+                entry = each->text() == text ? each : entry;
+            return entry != nullptr;
+        });
+        if (!isOpen)
+            failTest("no entry " + text + " in the menu");
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(entry).center());
+    }
+}
+
+// Of the menu for the chosen songs, by the menu key.
+inline void chooseForChosen(const QStringList &entries)
+{
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(table()->viewport(), &event);
+    choose(entries);
+    waitUntilActive(window); // a dialog may have been in front
+    table()->setFocus();
+}
+inline void chooseForAll(const QStringList &entries)
+{
+    table()->setFocus();
+    key(Qt::Key_A, Qt::ControlModifier);
+    chooseForChosen(entries);
+}
+
+// What is done in the dialog that opens next, before Enter closes it.
+inline void inDialog(const std::function<void()> &steps)
+{
+    auto *timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, timer, [=] {
+        QWidget *dialog = QApplication::activeModalWidget();
+        if (!dialog || !dialog->isAncestorOf(QApplication::focusWidget()))
+            return;
+        timer->deleteLater();
+        timer->stop();
+        steps();
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    timer->start(5);
+}
+} // namespace songs
