@@ -8,6 +8,9 @@ static constexpr char leftWords[] = "left|links|linke|sinistra|sx|gauche|l";
 static constexpr char rightWords[] = "right|rechts|rechte|destra|dx|droite|r";
 static constexpr char pageWords[] = "pages?|pag|pg|p|seite|blatt|s|pagina|foglio|feuillet|feuille|sheet";
 
+// The parts of the pattern, in its order; Qt looks for names as often as one asks.
+enum Part { Base = 1, Bracket, Left, Right, Word, Number, Of, Letter };
+
 // Something, a separator or an opening bracket, the mark, a closing bracket. The shortest base is taken, so
 // that "page" belongs to the mark. The names of an archive's own files, "12L", need no separator.
 static QRegularExpression makePattern()
@@ -71,21 +74,20 @@ static bool isOfMachine(const QString &base)
 
 static PageMark markIn(const QRegularExpressionMatch &found)
 {
-    PageMark mark{found.captured(u"base")};
-    const bool isBracketed = found.hasCaptured(u"bracket");
-    const QChar before = found.capturedEnd(u"base") < found.captured().size()
-        ? found.captured()[found.capturedEnd(u"base")]
-        : QChar();
-    mark.isPlain = isBracketed || found.hasCaptured(u"word") || found.hasCaptured(u"of") || before == u'_'
-        || before == u'-';
-    if (found.hasCaptured(u"number")) {
+    PageMark mark{found.captured(Base)};
+    const bool isBracketed = found.hasCaptured(Bracket);
+    const QStringView behind = found.capturedView().sliced(found.capturedEnd(Base));
+    const QChar before = behind.isEmpty() ? QChar() : behind.front();
+    mark.isPlain =
+        isBracketed || found.hasCaptured(Word) || found.hasCaptured(Of) || before == u'_' || before == u'-';
+    if (found.hasCaptured(Number)) {
         mark.kind = PageMark::Number;
-        mark.place = found.captured(u"number").toInt();
-    } else if (found.hasCaptured(u"letter")) {
+        mark.place = found.captured(Number).toInt();
+    } else if (found.hasCaptured(Letter)) {
         mark.kind = PageMark::Letter;
-        mark.place = found.captured(u"letter").toLower()[0].unicode() - u'a' + 1;
+        mark.place = found.captured(Letter).toLower()[0].unicode() - u'a' + 1;
     } else {
-        mark.place = found.hasCaptured(u"left") ? 1 : 2;
+        mark.place = found.hasCaptured(Left) ? 1 : 2;
         mark.isPlain = true;
     }
     return mark;
@@ -99,7 +101,7 @@ std::optional<PageMark> pageMarkOf(const QString &stem)
         return {};
     const PageMark mark = markIn(found);
     if (mark.kind != PageMark::Side
-        && (isOfMachine(mark.base) || (isOfWork(mark) && !found.hasCaptured(u"word"))))
+        && (isOfMachine(mark.base) || (isOfWork(mark) && !found.hasCaptured(Word))))
         return {};
     return mark;
 }

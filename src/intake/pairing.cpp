@@ -24,6 +24,16 @@ static QString stemOf(const QString &name)
     return name.first(name.lastIndexOf(u'.')).normalized(QString::NormalizationForm_C);
 }
 
+static QList<qsizetype> placesOf(FileKind kind, const QStringList &names)
+{
+    QList<qsizetype> places;
+    for (qsizetype place = 0; place < names.size(); place += 1) {
+        if (kindOfFile(names[place]) == kind)
+            places += place;
+    }
+    return places;
+}
+
 // What makes two names equal: no case, and whatever separates the words.
 static QString keyOf(const QString &name)
 {
@@ -81,9 +91,7 @@ private:
 
 Pairing::Pairing(const QStringList &sorted)
 {
-    for (qsizetype place = 0; place < sorted.size(); place += 1) {
-        if (kindOfFile(sorted[place]) != FileKind::Picture)
-            continue;
+    for (const qsizetype place : placesOf(FileKind::Picture, sorted)) {
         const QString stem = stemOf(sorted[place]);
         pictures_ += {sorted[place], place, stem, pageMarkOf(stem)};
         if (!pictures_.last().mark)
@@ -156,7 +164,8 @@ PlacedSongs Pairing::songs()
     }
     PlacedSongs songs;
     for (Group &group : groups) {
-        addUnmarked(group);
+        if (!unmarked_.isEmpty())
+            addUnmarked(group);
         std::stable_sort(group.begin(), group.end(),
                          [&](qsizetype one, qsizetype other) { return placeOf(one) < placeOf(other); });
         if (fits(group))
@@ -190,12 +199,11 @@ static void sortByPlace(PlacedSongs &songs)
 // A recording joins the first song of its name.
 static void addRecordings(PlacedSongs &songs, const QStringList &sorted)
 {
+    const QList<qsizetype> recordings = placesOf(FileKind::Recording, sorted);
     QHash<QString, qsizetype> byName;
-    for (qsizetype i = songs.size() - 1; i >= 0; i -= 1)
+    for (qsizetype i = songs.size() - 1; i >= 0 && !recordings.isEmpty(); i -= 1)
         byName.insert(keyOf(songs[i].second.name), i);
-    for (qsizetype place = 0; place < sorted.size(); place += 1) {
-        if (kindOfFile(sorted[place]) != FileKind::Recording)
-            continue;
+    for (const qsizetype place : recordings) {
         const qsizetype song = byName.value(keyOf(stemOf(sorted[place])), -1);
         if (song >= 0 && songs[song].second.recording.isEmpty())
             songs[song].second.recording = sorted[place];
@@ -207,10 +215,8 @@ static void addRecordings(PlacedSongs &songs, const QStringList &sorted)
 // PDFs and recordings come to the songs of pictures.
 static QList<NamedSong> withOthers(PlacedSongs songs, const QStringList &sorted)
 {
-    for (qsizetype place = 0; place < sorted.size(); place += 1) {
-        if (kindOfFile(sorted[place]) == FileKind::Pdf)
-            songs += {place, NamedSong{stemOf(sorted[place]), {sorted[place]}, {}}};
-    }
+    for (const qsizetype place : placesOf(FileKind::Pdf, sorted))
+        songs += {place, NamedSong{stemOf(sorted[place]), {sorted[place]}, {}}};
     sortByPlace(songs);
     addRecordings(songs, sorted);
     sortByPlace(songs);
@@ -230,9 +236,7 @@ QList<NamedSong> pairInOrder(const QStringList &names, int pagesOfSong)
 {
     const QStringList sorted = alphabetical(names);
     PlacedSongs songs;
-    for (qsizetype place = 0; place < sorted.size(); place += 1) {
-        if (kindOfFile(sorted[place]) != FileKind::Picture)
-            continue;
+    for (const qsizetype place : placesOf(FileKind::Picture, sorted)) {
         if (songs.isEmpty() || songs.last().second.pages.size() == pagesOfSong)
             songs += {place, NamedSong{stemOf(sorted[place]), {}, {}}};
         songs.last().second.pages += sorted[place];

@@ -18,8 +18,10 @@ SongName songNameOf(const QString &name, NamesAre namesAre, bool leaveOutNumbers
     if (leaveOutNumbers)
         text = withoutNumber(text);
     text = carriedByFiles(text).text;
+    if (namesAre == NamesAre::Title)
+        return {text, {}};
     const QRegularExpressionMatch found = dash.match(text);
-    if (namesAre == NamesAre::Title || !found.hasMatch())
+    if (!found.hasMatch())
         return {text, {}};
     const QString first = text.first(found.capturedStart()).trimmed();
     const QString second = text.sliced(found.capturedEnd()).trimmed();
