@@ -149,7 +149,7 @@ struct Counts {
         part(changed, "changed");
         part(added, "new");
         part(gone, "gone");
-        return parts.isEmpty() ? QStringLiteral("the same as now") : parts.join(", ");
+        return parts.isEmpty() ? QStringLiteral("unchanged") : parts.join(", ");
     }
 };
 
@@ -202,10 +202,10 @@ static QString whatIsThereNow(const Version &version, const QString &path)
     const QString present = dataFile(version.file);
     QByteArray bytes;
     if (isMissing(present))
-        return "none is there now";
+        return "gone";
     if (QFileInfo(present).size() != version.size || !readWhole(path, bytes).ok())
         return "replaced";
-    return holdsJust(present, bytes) ? "the same as now" : "replaced";
+    return holdsJust(present, bytes) ? "unchanged" : "replaced";
 }
 
 Differences compareWithNow(const Version &version, const QString &path)

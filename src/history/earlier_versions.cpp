@@ -46,7 +46,7 @@ EarlierVersions::EarlierVersions(Doors doors)
     halves->addWidget(makeVersions());
     halves->addWidget(makeDetails());
     halves->setChildrenCollapsible(false);
-    halves->setSizes({500, 460});
+    halves->setSizes({580, 380});
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(halves, 1);
     layout->addLayout(makeButtons());

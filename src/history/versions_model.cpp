@@ -61,11 +61,13 @@ QString nameForPeople(const QString &file)
 
 QVariant VersionsModel::data(const QModelIndex &index, int role) const
 {
-    if (!index.isValid() || role != Qt::DisplayRole)
+    const bool isTip = role == Qt::ToolTipRole;
+    if (!index.isValid() || (role != Qt::DisplayRole && !isTip))
         return {};
     const Version &version = rows_[index.row()];
     if (index.column() == Until)
-        return QLocale().toString(version.until.toLocalTime(), "d MMM yyyy HH:mm:ss");
+        return QLocale().toString(version.until.toLocalTime(),
+                                  isTip ? "d MMMM yyyy HH:mm:ss" : "d MMM yyyy HH:mm");
     if (index.column() == File)
         return nameForPeople(version.file);
     const Differences &differs = comparison(index.row());
