@@ -119,9 +119,11 @@ private slots:
         const auto link = [](const char *to, const char *name) {
             QVERIFY(QFile::link(QDir::current().filePath(to), name));
         };
+        const QString otherDisk =
+            QStringLiteral("/dev/shm/tessaline-%1").arg(QCoreApplication::applicationPid());
         tableOf<Place>({
             {"on the same disk", {[] {}}},
-            {"on another disk", {[] {}, 1, "/dev/shm/versions of a test"}},
+            {"on another disk", {[] {}, 1, otherDisk}},
             {"in a folder that is a link", {[=] { QDir().mkdir("far"), link("far", "spartiti"); }}},
             {"as a link to a file",
              {[=] { put("mine.js", ""), QDir().mkdir("spartiti"), link("mine.js", "spartiti/archivio.js"); },
@@ -132,7 +134,8 @@ private slots:
     {
         const auto row = tableRow<Place>();
         const TestFolder folder;
-        QDir(row.versions).removeRecursively();
+        if (row.versions != "kept" && !QDir("/dev/shm").exists())
+            QSKIP("there is no other disk");
         Versions versions(row.versions);
         row.prepare();
         put(archive, "old");
@@ -170,7 +173,7 @@ private slots:
             {"a file", {[] { QDir("kept").removeRecursively(), put("kept", ""); }, 0}},
             {"cannot be had", {[] {}, 0, "/proc/versions"}},
             {"rubbish", {[] {
-                 for (int i = 0; i < 10'000; i += 1)
+                 for (int i = 0; i < 2000; i += 1)
                      put(QStringLiteral("kept/rubbish %1").arg(i), "x");
                  put("kept/20261301T000000000Z archivio.js", "no such month");
                  put("kept/20260101T000000000Z rubbish.js", "no such file");

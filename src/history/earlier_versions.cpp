@@ -21,6 +21,7 @@
 #include <algorithm>
 
 static constexpr int recordRole = Qt::UserRole;
+static constexpr qsizetype mostWrapped = 300; // differences that get as many lines as they need
 
 static QTableView *tableOf(QAbstractItemModel *model, const QString &spokenName)
 {
@@ -46,7 +47,7 @@ EarlierVersions::EarlierVersions(Doors doors)
     halves->addWidget(makeVersions());
     halves->addWidget(makeDetails());
     halves->setChildrenCollapsible(false);
-    halves->setSizes({580, 380});
+    halves->setSizes({520, 440});
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(halves, 1);
     layout->addLayout(makeButtons());
@@ -71,8 +72,9 @@ QWidget *EarlierVersions::makeDetails()
 {
     differing_ = new QStandardItemModel(this);
     differences_ = tableOf(differing_, "Differences");
-    differences_->horizontalHeader()->setStretchLastSection(false); // or a long text there would be cut
-    differences_->horizontalHeader()->setMaximumSectionSize(400);
+    differences_->horizontalHeader()->setStretchLastSection(false); // all but the field share the width
+    differences_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    connect(differences_->horizontalHeader(), &QHeaderView::sectionResized, this, &EarlierVersions::fitRows);
     connect(differences_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this] { chosen_->setEnabled(!chosenSongs().isEmpty()); });
     picture_ = new PagePane("Page", this);
@@ -154,6 +156,7 @@ void EarlierVersions::showDifferences(const Differences &comparison)
 {
     differing_->clear();
     differing_->setHorizontalHeaderLabels({"Which", "Field", "Then", "Now"});
+    differences_->horizontalHeader()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     for (const Difference &difference : comparison.differences) {
         QList<QStandardItem *> cells;
         for (const QString &text : {difference.what, difference.field, difference.then, difference.now}) {
@@ -163,7 +166,14 @@ void EarlierVersions::showDifferences(const Differences &comparison)
         cells.first()->setData(difference.record, recordRole);
         differing_->appendRow(cells);
     }
-    differences_->resizeColumnsToContents();
+    fitRows();
+}
+
+// Which takes longer than reading the version where there are many.
+void EarlierVersions::fitRows()
+{
+    if (differing_->rowCount() <= mostWrapped)
+        differences_->resizeRowsToContents();
 }
 
 QList<int> EarlierVersions::chosenSongs() const

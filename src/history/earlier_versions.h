@@ -43,6 +43,7 @@ private:
     void refresh();
     void showVersion();
     void showDifferences(const Differences &comparison);
+    void fitRows();
     void bringBackVersion();
     void bringBackTyped(const QString &path);
     void bringBackChosen();

@@ -26,7 +26,8 @@ QList<Version> Versions::all() const
     QList<Version> versions;
     if (folder_.isEmpty())
         return versions;
-    for (const QFileInfo &entry : QDir(folder_).entryInfoList(QDir::Files, QDir::Name | QDir::Reversed)) {
+    for (const QFileInfo &entry :
+         QDir(folder_).entryInfoList(QDir::Files | QDir::NoSymLinks, QDir::Name | QDir::Reversed)) {
         const Version version = versionOf(entry.fileName(), entry.size());
         if (version.until.isValid())
             versions += version;

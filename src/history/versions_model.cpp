@@ -71,6 +71,8 @@ QVariant VersionsModel::data(const QModelIndex &index, int role) const
     if (index.column() == File)
         return nameForPeople(version.file);
     const Differences &differs = comparison(index.row());
+    if (differs.result.kind == Result::Kind::Damaged)
+        return "damaged";
     return differs.result.ok() ? differs.summary : differs.result.text();
 }
 
