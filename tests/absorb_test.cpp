@@ -1,4 +1,5 @@
 #include "archive/archive_file.h"
+#include "files/replacement.h"
 #include "merge/absorb.h"
 #include "support/table.h"
 #include "support/test_folder.h"
@@ -12,6 +13,11 @@ static const QString other = "Ann's \"old\" stand, é/";
 static QByteArray page(const QString &name)
 {
     return contents("spartiti/" + name);
+}
+
+static QByteArray fingerprintOf(const QByteArray &archive)
+{
+    return QCryptographicHash::hash(archive, QCryptographicHash::Sha256).toHex();
 }
 
 // An archive of two songs here and one of three, all with both pages, in the folder `other`.
@@ -50,6 +56,7 @@ private slots:
         Module1.recTitle[3] = "typed at the spare position";
         const AbsorbReport report = absorb(readMergeSource(other), {2, 3});
         QVERIFY(report.result.ok() && troubleText(report).isEmpty());
+        QCOMPARE(Module1.recNumber[4], "4");
         QCOMPARE(page("archivio.js"),
                  archiveOf({"One|A|tag|3", "Two||rock, slow|0", "Second|Y||0", "Third|Z|z|99"}));
         QCOMPARE(page("3L.jpg") + page("3R.jpg") + page("4L.jpg") + page("4R.jpg"), "L2R2L3R3");
@@ -65,7 +72,15 @@ private slots:
         put(archivePath(other), odd);
         for (const char *name : {"3L.jpg", "4R.jpg", "4R (old 1).jpg", "5L.jpg"})
             put(QString("spartiti/") + name, name);
+        QByteArray note; // as it is when the archive is replaced
+        setReplacementKeeper({[&](const QString &path) {
+                                  if (path == archivePath())
+                                      note = page("arriving/note.txt");
+                              },
+                              {}});
         const AbsorbReport report = absorb(readMergeSource(other), {1, 2, 3});
+        setReplacementKeeper({});
+        QCOMPARE(note, fingerprintOf(page("archivio.js")) + "\naside 4R\naside 5L\nput 3L\nput 3R\n");
         QCOMPARE(report.withoutNumber, QList<int>({4}));
         QCOMPARE(page("3L.jpg") + page("3R.jpg") + page("4R (old 2).jpg") + page("5L (old 1).jpg"),
                  "L3R34R.jpg5L.jpg");
@@ -108,6 +123,7 @@ private slots:
                           {"source swapped", {changed, swap}},
                           {"source is swapped", {changed, [] {}, swap}},
                           {"disk full", {"File too large", [] {}, [] {}, 20}},
+                          {"no room for the archive", {"File too large", [] {}, [] {}, 130}},
                           {"no room for a page", {"File too large", putLargePage, [] {}, 8000}}});
     }
     void refused_changesNothing()
@@ -144,11 +160,13 @@ private slots:
         QCOMPARE(page("archivio.js"), others);
 
         put("spartiti/arriving/3L.jpg", "on its way");
+        put("spartiti/arriving/note.txt", fingerprintOf(others) + "\nput 3L\n");
         QLockFile lock("spartiti/arriving/lock");
         QVERIFY(lock.tryLock());
         (void)finishAppending();
         QCOMPARE(absorb(source, {1}).result.text(), "Another program is just adding songs to this archive.");
-        QCOMPARE(namesIn("spartiti/arriving"), QStringList({"3L.jpg", "lock"}));
+        QCOMPARE(namesIn("spartiti/arriving"), QStringList({"3L.jpg", "lock", "note.txt"}));
+        QFile::remove("spartiti/arriving/note.txt");
         lock.unlock();
         QVERIFY(absorb(source, {1}).result.ok());
         QCOMPARE(namesIn("spartiti"), QStringList({"3L.jpg", "3R.jpg", "archivio.js"}));
@@ -196,9 +214,9 @@ private slots:
         for (const char *name : {"3L.jpg", "audio/3.mp3", "4L.jpg.aB3dE6"})
             put(QString("spartiti/arriving/") + name, name);
         const QByteArray wanted = archiveOf({"One|||", "Two|||", "Three|||"});
-        const QByteArray fingerprint = QCryptographicHash::hash(wanted, QCryptographicHash::Sha256).toHex();
         if (hasNote)
-            put("spartiti/arriving/note.txt", fingerprint + "\naside 3R\nput 3L\nput 3\nput ../../x\n");
+            put("spartiti/arriving/note.txt",
+                fingerprintOf(wanted) + "\naside 3R\nput 3L\nput 3\nput ../../x\n");
         const bool isDone = names.contains("audio");
         for (int times = 0; times < 2; times += 1) {
             const QStringList told = troublesOf(finishAppending());
@@ -214,7 +232,8 @@ private slots:
     {
         const TwoInstallations both;
         put("scan.jpg", "scan");
-        QVERIFY(QDir().mkpath("spartiti/3R.jpg")); // in the way
+        for (const char *inTheWay : {"spartiti/3R.jpg", "spartiti/audio/5.mp3"})
+            QVERIFY(QDir().mkpath(inTheWay));
         put("spartiti/audio/4.mp3", "from before");
         const auto made = [](QByteArray &bytes) { return bytes = "made", Result{}; };
         const auto broken = [](QByteArray &) {
@@ -223,18 +242,30 @@ private slots:
         const AppendReport report =
             appendSongs({{"Three", "", "", "1", {"scan.jpg"}, {{}, made}, {"gone.mp3"}},
                          {"Four", "", "", "", {{}, broken}, {}, {"scan.jpg"}},
-                         {"Five", "", "", "", {}, {}, {}}});
+                         {"Five", "", "", "", {}, {}, {"scan.jpg"}}});
         QVERIFY(report.result.ok());
         QCOMPARE(page("3L.jpg") + page("3R.jpg") + page("audio/4.mp3"), "scanmadescan");
         QCOMPARE(namesIn("spartiti"),
                  QStringList({"3L.jpg", "3R (old 1).jpg", "3R.jpg", "archivio.js", "audio"}));
-        QCOMPARE(troublesOf(report),
-                 QStringList({"These files of the new songs did not come:\n"
-                              "spartiti/audio/3.mp3: gone.mp3 could not be read (there is no such file)\n"
-                              "spartiti/4L.jpg: a.pdf could not be read (it has no pages)",
-                              "These pages lay there from before under the number of a new song. They do not "
-                              "belong to it and were given another name:\n"
-                              "spartiti/3R.jpg is now spartiti/3R (old 1).jpg"}));
+        QCOMPARE(troublesOf(report).join('\n'),
+                 "These files of the new songs did not come:\n"
+                 "spartiti/audio/3.mp3: gone.mp3 could not be read (there is no such file)\n"
+                 "spartiti/4L.jpg: a.pdf could not be read (it has no pages)\n"
+                 "spartiti/audio/5.mp3: spartiti/audio/5.mp3 could not be put there (Is a directory)\n"
+                 "These pages lay there from before under the number of a new song. They do not "
+                 "belong to it and were given another name:\n"
+                 "spartiti/3R.jpg is now spartiti/3R (old 1).jpg");
+    }
+
+    void recordings_comeAlsoToAnotherDisk()
+    {
+        const TwoInstallations both;
+        const QTemporaryDir disk("/dev/shm/XXXXXX");
+        QVERIFY(QFile::link(disk.path(), "spartiti/audio"));
+        put("song.mp3", "song");
+        const AppendReport report = appendSongs({{"Three", "", "", "", {}, {}, {"song.mp3"}}});
+        QCOMPARE(troublesOf(report), QStringList());
+        QCOMPARE(page("audio/3.mp3"), "song");
     }
 };
 

@@ -178,6 +178,10 @@ private slots:
         QVERIFY(readingOf(archiveOf(threeRecords)).result.ok() && !wasArchiveReplaced());
         Module1.recTitle[1] = "changed";
         QVERIFY(writeArchive(2).ok() && !wasArchiveReplaced());
+        {
+            const FullDisk disk(0);
+            QVERIFY(!writeArchive().ok() && !wasArchiveReplaced());
+        }
         putArchive(threeRecords);
         QVERIFY(wasArchiveReplaced());
         QVERIFY(QFile::remove(path) && !wasArchiveReplaced());

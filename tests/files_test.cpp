@@ -213,6 +213,14 @@ private slots:
                  "held (missing); folder kept (missing)");
     }
 
+    void aPlaceThatIsTakenAtTheLastMoment_isTold()
+    {
+        const TestFolder folder;
+        setReplacementKeeper({[](const QString &path) { QDir().mkdir(path); }, {}});
+        QCOMPARE(replaceFile("new", "bytes").reason, "Is a directory");
+        QCOMPARE(namesIn("."), QStringList("new"));
+    }
+
     void keeper_thatFailsStopsNothing()
     {
         const TestFolder folder;

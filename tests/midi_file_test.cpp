@@ -161,6 +161,9 @@ private slots:
         put(midiPath(), cut);
         MidiTable table;
         QVERIFY(readMidiFile(table).ok() && table.endMissing); // which the person was told
+        MidiTable ofMany = table;
+        QVERIFY(writeMidiFile(ofMany, QList<int>{1, 2}, fieldsOf("5")).ok() && !ofMany.endMissing);
+        put(midiPath(), cut);
         QCOMPARE(saveMidi(table, 1, fieldsOf("5")).outcome, Outcome::Saved);
         put(midiPath(), contents(midiPath()).chopped(5));
         QCOMPARE(saveMidi(table, 1, fieldsOf("5")).outcome, Outcome::EndMissing);

@@ -76,23 +76,6 @@ static void pick(int row)
     waitUntilActive(window);
 }
 
-static void add(int title)
-{
-    clickRow(window, titles, title);
-    click(window, "ADD");
-}
-
-// A key where the focus is.
-static void key(Qt::Key pressed, Qt::KeyboardModifiers held = {})
-{
-    QTest::keyClick(QApplication::focusWidget(), pressed, held);
-}
-
-static void undo()
-{
-    key(Qt::Key_Z, Qt::ControlModifier);
-}
-
 static void choose(const QList<int> &rows)
 {
     list()->setFocus();
@@ -100,6 +83,28 @@ static void choose(const QList<int> &rows)
         const QRect place = list()->visualRect(list()->model()->index(row, 0));
         QTest::mouseClick(list()->viewport(), Qt::LeftButton,
                           row == rows.first() ? Qt::NoModifier : Qt::ControlModifier, place.center());
+    }
+}
+
+// A step is "pick" with the row of a stored playlist, "title" with that of a title, "choose" with those of
+// songs, "key" with a key where the focus is, or the caption of a button.
+static void play(const QStringList &steps)
+{
+    for (const QString &step : steps) {
+        const QStringList parts = step.split(' ');
+        QList<int> rows;
+        for (const QString &row : parts.mid(1))
+            rows += row.toInt();
+        if (parts[0] == "key")
+            QTest::keySequence(QApplication::focusWidget(), QKeySequence(parts[1]));
+        else if (parts[0] == "choose")
+            choose(rows);
+        else if (parts[0] == "pick")
+            pick(rows[0]);
+        else if (parts[0] == "title")
+            clickRow(window, titles, rows[0]);
+        else
+            click(window, step);
     }
 }
 
@@ -120,14 +125,10 @@ static void dragTo(const QString &from, double rowsDown)
     QCoreApplication::processEvents();
 }
 
-struct Saving {
-    QString begun; // "pick", "new" after a pick, or nothing
-    QByteArray others; // what another program then makes of the file
-    QString typed; // the name; null: nothing
-    QList<Answer> answers;
-    QString question; // how the first box begins
-    QByteArray after; // the lines of the file, where the list is saved with song 5
-};
+// "pick", "new" after a pick, or nothing; what another program then makes of the file; the name typed, null
+// for none; the answers; how the first box begins; the lines of the file, where the list is saved with
+// song 5.
+using Saving = std::tuple<QString, QByteArray, QString, QList<Answer>, QString, QByteArray>;
 
 class PlaylistWindowTest : public WindowTest
 {
@@ -148,13 +149,8 @@ private slots:
         pick(0);
         QCOMPARE(edited(), "beta|Álpha|a|a"); // the last of that name
         QCOMPARE(stored(), "3: a b a");
-    }
-
-    void aPick_takesWhatIsOnTheDisk()
-    {
-        Playlisting playlisting(ab);
         put(path, fileOf("playlist", c));
-        pick(0);
+        pick(0); // what is on the disk
         QCOMPARE(edited(), "beta||a|a");
         pick(1);
         QTRY_VERIFY(playlisting.told.join("").startsWith("There is no playlist of this name any more."));
@@ -168,16 +164,14 @@ private slots:
     {
         Playlisting playlisting({});
         QCOMPARE(contents(path), fileOf("playlist", ""));
-        add(3);
+        play({"title 3", "ADD"});
         Module1.recTitle[5] = "renamed";
         Module1.recTitle[4] = "not empty";
-        add(2);
+        play({"title 2", "ADD"});
         Module1.recNumber[2] = "";
-        clickRow(window, titles, 1);
-        press(window, titles, Qt::Key_Enter);
+        play({"title 1", "key Enter"});
         Module1.recTitle[4] = "";
-        clickRow(window, titles, 0);
-        press(window, titles, Qt::Key_Return);
+        play({"title 0", "key Return"});
         type(window, name, "x\"\\");
         QCOMPARE(edited(), "beta _3| _0|Álpha _2| _4|x'/|Playlist");
         QCOMPARE(
@@ -194,24 +188,13 @@ private slots:
     void rowsMoveAndGo_withTheirSlots()
     {
         Playlisting playlisting(ab);
-        pick(0);
-        choose({1, 3});
-        click(window, "Move up");
+        play({"pick 0", "choose 1 3", "Move up"});
         QCOMPARE(list()->selectedRows(), QList<int>({0, 2}));
-        choose({4});
-        press(window, songs, Qt::Key_Up, Qt::AltModifier);
-        choose({0});
-        click(window, "Move down");
-        choose({1});
-        press(window, songs, Qt::Key_Down, Qt::AltModifier);
-        choose({0});
-        press(window, songs, Qt::Key_Delete);
+        play({"choose 4", "key Alt+Up", "choose 0", "Move down", "choose 1", "key Alt+Down"});
+        play({"choose 0", "key Del"});
         QCOMPARE(edited(), "|Álpha|alpine|beta|a|a");
         QCOMPARE(playlisting.boxesOf("Save"), "Successfully saved");
-        pick(1);
-        choose({3});
-        click(window, "Move up"); // past an empty slot
-        click(window, "Remove"); // behind an empty slot
+        play({"pick 1", "choose 3", "Move up", "Remove"}); // past an empty slot, and behind one
         QCOMPARE(
             playlisting.boxesOf("Save", {enterKey}),
             "Saving the playlist drops 2 songs not in the archive. Do you want to save it all the same?");
@@ -224,24 +207,18 @@ private slots:
         const Playlisting playlisting(ab + b + "\"c\",\"" + QByteArray("1,2,").repeated(400) + "#\",\r\n");
         pick(1);
         list()->setFocus(Qt::TabFocusReason);
-        key(Qt::Key_Down);
+        play({"key Down"});
         QCOMPARE(list()->selectedRows(), {0}); // a lone row
-        pick(0);
-        choose({1});
-        key(Qt::Key_Delete);
-        key(Qt::Key_Down);
+        play({"pick 0", "choose 1", "key Del", "key Down"});
         QCOMPARE(list()->selectedRows(), {1});
-        key(Qt::Key_Delete);
-        key(Qt::Key_Up);
+        play({"key Del", "key Up"});
         QCOMPARE(list()->selectedRows(), {0});
-        choose({2});
-        key(Qt::Key_Delete);
-        key(Qt::Key_Down);
+        play({"choose 2", "key Del", "key Down"});
         QCOMPARE(list()->selectedRows(), {1}); // there is none below
         pick(3);
         list()->setFocus(Qt::TabFocusReason);
         list()->scrollToItem(list()->item(300), QAbstractItemView::PositionAtTop);
-        key(Qt::Key_Down);
+        play({"key Down"});
         QCOMPARE(list()->selectedRows(), {300});
     }
 
@@ -266,22 +243,19 @@ private slots:
     }
     void aSave_asksBeforeItDestroys()
     {
-        const auto row = tableRow<Saving>();
+        const auto [begun, others, typed, answers, question, after] = tableRow<Saving>();
         const bool isTwo = QTest::currentDataTag() == QByteArray("two");
-        Playlisting playlisting(isTwo ? row.others : a + b);
-        if (!row.begun.isEmpty()) {
-            pick(0);
-            choose({0});
-            click(window, "Remove");
-        }
-        if (row.begun == "new")
+        Playlisting playlisting(isTwo ? others : a + b);
+        if (!begun.isEmpty())
+            play({"pick 0", "choose 0", "Remove"});
+        if (begun == "new")
             click(window, "New playlist");
-        put(path, fileOf("playlist", row.others));
-        add(2);
-        if (!row.typed.isNull())
-            type(window, name, row.typed);
-        QCOMPARE(playlisting.boxesOf("Save", row.answers).first(row.question.size()), row.question);
-        QCOMPARE(lines(), row.after);
+        put(path, fileOf("playlist", others));
+        play({"title 2", "ADD"});
+        if (!typed.isNull())
+            type(window, name, typed);
+        QCOMPARE(playlisting.boxesOf("Save", answers).first(question.size()), question);
+        QCOMPARE(lines(), after);
     }
 
     void whatAQuestionSpeaksOf_isLookedAtAgain()
@@ -309,8 +283,7 @@ private slots:
         type(window, name, "new");
         playlisting.boxesOf("Save");
         QCOMPARE(stored(), "1: a new");
-        pick(1); // known, though added by this very Save
-        add(0);
+        play({"pick 1", "title 0", "ADD"}); // known, though added by this very Save
         playlisting.boxesOf("Save");
         QCOMPARE(lines(), a + "\"new\",\"4,#\",\r\n");
         QCOMPARE(playlisting.boxesOf("Delete playlist"), "You must select a playlist");
@@ -320,7 +293,7 @@ private slots:
         playlisting.boxesOf("Delete playlist", {Answer::Yes});
         QCOMPARE(lines(), a);
         QCOMPARE(edited() + stored(), "|1: a");
-        undo(); // its songs can be had back, and saved
+        play({"key Ctrl+Z"}); // its songs can be had back, and saved
         QCOMPARE(edited(), "|new|");
         QCOMPARE(playlisting.boxesOf("Save"), "Successfully saved");
         QCOMPARE(lines(), a + "\"new\",\"4,#\",\r\n");
@@ -329,67 +302,53 @@ private slots:
     void undo_takesBackEachStep_alsoBehindASave()
     {
         Playlisting playlisting("\"a\",\"1,2,#\",\r\n");
-        add(3);
-        pick(0);
-        choose({0});
-        click(window, "Move down");
-        click(window, "New playlist");
-        add(2);
-        QStringList shown;
-        for (int i = 0; i < 4; i += 1) {
-            undo();
-            shown += edited();
+        play({"title 3", "ADD", "pick 0", "choose 0", "Move down", "New playlist", "title 2", "ADD"});
+        for (const char *shown : {"|a", "Álpha|beta|a|a", "beta|Álpha|a|a", "beta _3||Playlist"}) {
+            play({"key Ctrl+Z"});
+            QCOMPARE(edited(), shown);
         }
-        QCOMPARE(shown, QStringList({"|a", "Álpha|beta|a|a", "beta|Álpha|a|a", "beta _3||Playlist"}));
-        key(Qt::Key_Y, Qt::ControlModifier);
-        key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-        QCOMPARE(edited(), shown[1]);
+        play({"key Ctrl+Y", "key Ctrl+Shift+Z"});
+        QCOMPARE(edited(), "Álpha|beta|a|a");
         QCOMPARE(playlisting.boxesOf("Save"), "Successfully saved"); // it is the one picked
         QCOMPARE(lines(), "\"a\",\"2,1,#\",\r\n");
-        undo();
+        play({"key Ctrl+Z"});
         playlisting.boxesOf("Save", {Answer::Yes, Answer::Ok});
         QCOMPARE(lines(), "\"a\",\"1,2,#\",\r\n");
         click(window, "Esc");
         chooseMenu("Playlist Manager");
-        undo();
+        play({"key Ctrl+Z"});
         QCOMPARE(edited(), "|Playlist");
     }
 
     void undo_belongsToTheBoxThatIsTypedIn()
     {
         const Playlisting playlisting(a);
-        add(3);
+        play({"title 3", "ADD"});
         QTest::mouseClick(control(window, name), Qt::LeftButton);
-        undo(); // nothing was typed
-        QTest::keyClicks(QApplication::focusWidget(), "x");
-        undo();
+        play({"key Ctrl+Z", "key x", "key Ctrl+Z"}); // nothing was typed; then an x
         QCOMPARE(edited(), "beta _3||Playlist");
-        key(Qt::Key_Y, Qt::ControlModifier);
+        play({"key Ctrl+Y"});
         QCOMPARE(edited(), "beta _3|x|Playlist");
         combo()->setFocus();
-        QTest::keyClicks(QApplication::focusWidget(), "x");
-        undo();
+        play({"key x", "key Ctrl+Z"});
         QCOMPARE(edited(), "beta _3|x|Playlist");
     }
 
     void songsAndTitles_areDragged()
     {
         const Playlisting playlisting(ab);
-        pick(0);
-        choose({0, 2});
+        play({"pick 0", "choose 0 2"});
         dragTo(songs, 4.2); // above the middle of the fifth
         QCOMPARE(edited(), "Álpha||beta|beta|alpine|a|a");
         dragTo(songs, 2.9); // where they are
         QCOMPARE(list()->selectedRows(), QList<int>({2, 3}));
-        clickRow(window, titles, 2);
+        play({"title 2"});
         dragTo(titles, 0);
         QCOMPARE(edited(), "alpine _5|Álpha||beta|beta|alpine|a|a");
         dragTo(songs, 8); // below the last
         QCOMPARE(edited(), "Álpha||beta|beta|alpine|alpine _5|a|a");
         list()->setFocus();
-        undo();
-        undo();
-        undo();
+        play({"key Ctrl+Z", "key Ctrl+Z", "key Ctrl+Z"});
         QCOMPARE(edited(), "beta|Álpha|beta||alpine|a|a");
         QCOMPARE(list()->selectedRows(), QList<int>({0, 2}));
     }
