@@ -5,6 +5,8 @@
 #include <QPdfWriter>
 #include <QTextLayout>
 
+#include <numeric>
+
 namespace
 {
 // All sizes are in points; they are such that twenty songs stand on a page.
@@ -39,19 +41,27 @@ public:
 
     double width() const { return writer_.width() / point_; }
 
-    // Puts the paragraphs side by side, on a new page where there is no room for them.
-    void add(const QList<Paragraph> &paragraphs)
+    // Puts the rows below each other, their paragraphs side by side; on a new page where there is no room
+    // for all of them.
+    void add(const QList<QList<Paragraph>> &rows)
     {
-        double height = 0;
-        for (const Paragraph &paragraph : paragraphs)
-            height = qMax(height, put(paragraph, nullptr));
+        QList<double> heights;
+        for (const QList<Paragraph> &row : rows) {
+            double height = 0;
+            for (const Paragraph &paragraph : row)
+                height = qMax(height, put(paragraph, nullptr));
+            heights += height;
+        }
+        const double height = std::accumulate(heights.begin(), heights.end(), 0.0);
         if (y_ > 0 && y_ + height > writer_.height()) {
             writer_.newPage();
             y_ = 0;
         }
-        for (const Paragraph &paragraph : paragraphs)
-            put(paragraph, &painter_);
-        y_ += height;
+        for (qsizetype i = 0; i < rows.size(); i += 1) {
+            for (const Paragraph &paragraph : rows[i])
+                put(paragraph, &painter_);
+            y_ += heights[i];
+        }
     }
     void addSpace(double points) { y_ += points * point_; }
 
@@ -94,11 +104,12 @@ static void addSong(Pages &pages, qsizetype place, int n)
     const double left = placeWidth + gap;
     const double numberLeft = pages.width() - numberWidth;
     const double textWidth = numberLeft - gap - left;
-    pages.add({{QString::number(place), titleSize, 0, placeWidth, Qt::AlignRight},
-               {title, titleSize, left, textWidth},
-               {QString::number(n), titleSize, numberLeft, numberWidth, Qt::AlignRight}});
+    QList<QList<Paragraph>> rows{{{QString::number(place), titleSize, 0, placeWidth, Qt::AlignRight},
+                                  {title, titleSize, left, textWidth},
+                                  {QString::number(n), titleSize, numberLeft, numberWidth, Qt::AlignRight}}};
     if (!Module1.recAuthor[entry].isEmpty())
-        pages.add({{Module1.recAuthor[entry], authorSize, left, textWidth}});
+        rows += {{Module1.recAuthor[entry], authorSize, left, textWidth}};
+    pages.add(rows);
     pages.addSpace(betweenSongs);
 }
 
@@ -113,7 +124,7 @@ QByteArray setListPdf(const SongsOnDisk::Playlist &playlist)
                                      QMarginsF(margin, margin, margin, margin), QPageLayout::Point));
     {
         Pages pages(writer);
-        pages.add({{playlist.name, headingSize, 0, pages.width()}});
+        pages.add({{{playlist.name, headingSize, 0, pages.width()}}});
         pages.addSpace(gap);
         for (qsizetype i = 0; i < playlist.songs.size(); i += 1)
             addSong(pages, i + 1, playlist.songs[i]);
