@@ -7,7 +7,8 @@
 #include <system_error>
 
 #ifdef _WIN32
-#include <filesystem>
+#include <QDateTime>
+#include <QFileInfo>
 #include <io.h>
 
 bool syncFile(int handle)
@@ -50,6 +51,13 @@ bool isNothingThere(const QString &path)
 }
 
 void limitMemory(QProcess &, qint64) { }
+
+FileState stateOfFile(const std::filesystem::path &path)
+{
+    const QFileInfo file(path);
+    const QDateTime changed = file.fileTime(QFileDevice::FileModificationTime);
+    return file.isFile() ? FileState{file.size(), changed.toMSecsSinceEpoch()} : FileState();
+}
 #else
 #include <cstdio>
 #include <fcntl.h>
@@ -146,6 +154,15 @@ void limitMemory(QProcess &process, qint64 bytes)
         const rlimit limit{static_cast<rlim_t>(bytes), static_cast<rlim_t>(bytes)};
         setrlimit(RLIMIT_AS, &limit);
     });
+}
+
+FileState stateOfFile(const std::filesystem::path &path)
+{
+    struct stat found {
+    };
+    if (stat(path.c_str(), &found) != 0 || !S_ISREG(found.st_mode))
+        return {};
+    return {qint64{found.st_size}, qint64{found.st_mtim.tv_sec} * 1000 + found.st_mtim.tv_nsec / 1'000'000};
 }
 #endif
 

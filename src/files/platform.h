@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <filesystem>
+
 class QProcess;
 
 // The calls that each operating system has its own name for. Nothing outside this file and its .cpp
@@ -45,6 +47,15 @@ bool isNothingThere(const QString &path);
 // Of a program that is to be started: it gets no more memory than this, in bytes, where the system can see
 // to that.
 void limitMemory(QProcess &process, qint64 bytes);
+
+// The size in bytes of an ordinary file and the time of its last change, in milliseconds since 1970, by one
+// question to the system; of a link, those of the file that it points to. Size -1 for what is no such file or
+// cannot be looked at.
+struct FileState {
+    qint64 size = -1;
+    qint64 time = 0;
+};
+FileState stateOfFile(const std::filesystem::path &path);
 
 // The system's words for the present errno.
 QString systemReason();

@@ -7,7 +7,7 @@
 // be done. Where there is a folder "kept", earlier versions and what is typed and not saved are kept in it.
 
 #include "archive/archive_operations.h"
-#include "audio/categories_file.h"
+#include "audio/categories_writer.h"
 #include "audio/recording.h"
 #include "files/data_folder.h"
 #include "files/platform.h"
@@ -22,6 +22,9 @@
 #include "pages/page_files.h"
 #include "playlists/playlist_store.h"
 #include "songs/edits.h"
+#include "stand/archive_check.h"
+#include "stand/mend.h"
+#include "stand/stand_copy.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -259,6 +262,30 @@ static int setTypedAside()
     });
 }
 
+static int renameCategory()
+{
+    CategoriesReading read = readCategoriesOf(".");
+    CategoryNames names = read.table.name;
+    names[1] = "Renamed";
+    return saveCategories(read, names).outcome == CategoriesSaving::Outcome::Saved ? 0 : 1;
+}
+
+// The first that can be mended.
+static int mendOne()
+{
+    for (const Finding &finding : checkWholeArchive().findings) {
+        if (finding.mending.kind != Mending::Kind::None)
+            return done(mend(finding.mending));
+    }
+    return nothingToDo;
+}
+
+static int carryToStand()
+{
+    const StandCopy copy = copyToStand("carried");
+    return copy.result.ok() && copy.notCopied.isEmpty() ? 0 : 1;
+}
+
 struct Operation {
     const char *name;
     int (*run)();
@@ -283,6 +310,9 @@ static constexpr Operation operations[] = {
     {"bring-back-archive", bringBackArchive},
     {"bring-back-page", bringBackPage},
     {"take-pages-away", takePagesAway},
+    {"rename-category", renameCategory},
+    {"mend", mendOne},
+    {"carry-to-stand", carryToStand},
 };
 
 int main(int argc, char **argv)

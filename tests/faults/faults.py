@@ -120,6 +120,28 @@ def put_typed(folder, kilobytes):
     assert run(folder, "keep-typed") == 0
 
 
+def put_without_sheet(folder, kilobytes):
+    put_stand(folder, kilobytes)
+    os.remove(folder + "/spartiti/m.jpg")
+
+
+def put_wrong_name(folder, kilobytes):
+    put_stand(folder, kilobytes)
+    os.rename(folder + "/spartiti/1L.jpg", folder + "/spartiti/01l.JPG")
+
+
+def put_carried(folder, kilobytes):
+    """A small archive with a scan, and a stand to which another one was carried long ago."""
+    spartiti = folder + "/spartiti/"
+    put(spartiti + "archivio.js", archive(2, "Song"))
+    put(spartiti + "playlist.js", b'var playlist = [\r\n"Set","2,1,#",\r\n ];\r\n')
+    for page in ("1L", "1R"):
+        put(f"{spartiti}{page}.jpg", os.urandom(1024 * kilobytes))
+    put(folder + "/carried/spartiti/archivio.js", archive(1, "Old song"))
+    for page in ("1L", "99L"):
+        put(f"{folder}/carried/spartiti/{page}.jpg", os.urandom(512))
+
+
 # May the version be missing where something failed, or has the operation then to fail too?
 Operation = collections.namedtuple("Operation", "name command put may_lose", defaults=[True])
 OPERATIONS = [
@@ -143,6 +165,10 @@ OPERATIONS = [
     Operation("bring back an archive", "bring-back-archive", put_history, False),
     Operation("bring back a page", "bring-back-page", put_history, False),
     Operation("take two pages away", "take-pages-away", put_history, False),
+    Operation("rename a category", "rename-category", put_stand),
+    Operation("mend: the empty sheet", "mend", put_without_sheet),
+    Operation("mend: a wrong name", "mend", put_wrong_name),
+    Operation("copy to the stand", "carry-to-stand", put_carried),
 ]
 
 
@@ -233,6 +259,14 @@ def verdict(before, wanted, after, code, may_lose=True):
     return f"exit code {code}, and yet not so: {wrong}" if wrong else None
 
 
+def carried_in_part(before, wanted, after, code):
+    """Each file is the old or the new one, and the archive on the stand a new one only beside all the others."""
+    ends = code == 0 or after.get("carried/spartiti/archivio.js") == wanted["carried/spartiti/archivio.js"]
+    wrong = [path for path in {*before, *wanted, *after}
+             if after.get(path) not in (wanted.get(path), wanted.get(path) if ends else before.get(path))]
+    return f"exit code {code}, and yet not so: {wrong}" if wrong else None
+
+
 class Stand:
     """An operation with the files that it finds, and those that it leaves where nothing fails."""
 
@@ -251,6 +285,8 @@ class Stand:
         return copy
 
     def verdict(self, folder, code):
+        if self.operation.command == "carry-to-stand" and code in (0, 1, -signal.SIGKILL):
+            return carried_in_part(self.before, self.wanted, files_in(folder), code)
         return verdict(self.before, self.wanted, files_in(folder), code, self.operation.may_lose)
 
     def run(self, folder, prefix=(), **options):
@@ -272,6 +308,8 @@ class Stand:
             return "the next start does not tidy up"
         if self.run(folder) not in (0, 7) or run(folder, "check") != 0:
             return "the next start does not get on with it"
+        if self.operation.command == "carry-to-stand" and files_in(folder) != self.wanted:
+            return "the next copying does not go on"
 
     def calls(self, *choice, loading=True):
         """The system calls of a run without a fault: (name, its number among those of this name)."""
