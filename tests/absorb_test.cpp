@@ -211,7 +211,7 @@ private slots:
         else
             put("spartiti/archivio.js", archive);
         put("spartiti/3R.jpg", "from before");
-        for (const char *name : {"3L.jpg", "audio/3.mp3", "4L.jpg.aB3dE6"})
+        for (const char *name : {"3L.jpg", "audio/3.mp3", "4L.jpg.aB3dE6", "note.txt.aB3dE6"})
             put(QString("spartiti/arriving/") + name, name);
         const QByteArray wanted = archiveOf({"One|||", "Two|||", "Three|||"});
         if (hasNote)
