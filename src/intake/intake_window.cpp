@@ -219,8 +219,11 @@ void IntakeWindow::addContents()
 
 void IntakeWindow::noteOnPage(const ComingPage &page, const QString &words, bool cannotCome)
 {
+    const auto isThat = [&](const ComingPage &each) {
+        return each.file == page.file && each.pdfPage == page.pdfPage;
+    };
     for (int row = 0; row < table_.rowCount(); row += 1) {
-        if (table_.songs()[row].left.file == page.file || table_.songs()[row].right.file == page.file)
+        if (isThat(table_.songs()[row].left) || isThat(table_.songs()[row].right))
             table_.addNote(row, words, cannotCome);
     }
 }

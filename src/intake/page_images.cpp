@@ -127,6 +127,9 @@ void PageImages::endPdf()
     if (!image.isNull())
         image = shaped(image, inPdf_.page).scaled(inPdf_.room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     keep(inPdf_, image);
+    if (image.isNull() && inPdf_.page.dpi > 0) // else it was told of when it was added
+        emit noticed(inPdf_.page, QStringLiteral("its page %1 cannot be shown").arg(inPdf_.page.pdfPage),
+                     false);
     if (!isPaused_)
         next_.start();
 }
