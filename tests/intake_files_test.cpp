@@ -77,15 +77,11 @@ static ComingSong song(const QString &title, const QString &left, const QString 
     return song;
 }
 
-static QColor colourAt(const QImage &image, double x, double y)
-{
-    return image.pixelColor(int(image.width() * x), int(image.height() * y));
-}
-
-// "red", "blue", "white" or the value.
-static QString nameOf(const QColor &colour)
+// The colour at a place of an image, counted from 0 to 1: "red", "blue", "white" or the value.
+static QString colourAt(const QImage &image, double x, double y)
 {
     const std::pair<QColor, QString> names[] = {{Qt::red, "red"}, {Qt::blue, "blue"}, {Qt::white, "white"}};
+    const QColor colour = image.pixelColor(int(image.width() * x), int(image.height() * y));
     for (const auto &[known, name] : names) {
         if (qAbs(known.red() - colour.red()) + qAbs(known.green() - colour.green())
                 + qAbs(known.blue() - colour.blue())
@@ -93,11 +89,6 @@ static QString nameOf(const QColor &colour)
             return name;
     }
     return colour.name();
-}
-
-static QImage page(const QString &name)
-{
-    return QImage("spartiti/" + name);
 }
 
 // All files below the working directory with what they hold.
@@ -214,11 +205,11 @@ private slots:
         const BringInReport report = bringIn({one}, {});
         QCOMPARE(troublesOf(report).join('\n'), QString());
         QCOMPARE(contents("spartiti/2L.jpg").first(2), QByteArray("\xFF\xD8"));
-        const QImage image = ::page("2L.jpg");
+        const QImage image("spartiti/2L.jpg");
         if (corners.contains('/'))
-            QCOMPARE(nameOf(colourAt(image, 0.5, 0.2)) + '/' + nameOf(colourAt(image, 0.5, 0.8)), corners);
+            QCOMPARE(colourAt(image, 0.5, 0.2) + '/' + colourAt(image, 0.5, 0.8), corners);
         else
-            QCOMPARE(nameOf(colourAt(image, 0.2, 0.5)) + '|' + nameOf(colourAt(image, 0.8, 0.5)), corners);
+            QCOMPARE(colourAt(image, 0.2, 0.5) + '|' + colourAt(image, 0.8, 0.5), corners);
         if (page.pdfPage > 0 && page.isAsItWas())
             QCOMPARE(image.size(), QSize(1656, 2339));
         if (page.pdfPage == 0) {
