@@ -1,108 +1,133 @@
-#include "archive/archive_file.h"
-#include "songs/edits.h"
-#include "songs/song_table.h"
-#include "support/test_folder.h"
+// What the window "Songs" lists, and in which order.
+#include "support/songs_window.h"
 
-#include <QTest>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListView>
 
-#include <memory>
+using namespace songs;
 
-// The list on an archive of these records, each "title|author|tags|category".
-struct List {
-    TestFolder folder;
-    Edits edits;
-    std::unique_ptr<SongTable> table;
-
-    explicit List(const QStringList &records)
-    {
-        putArchive(records);
-        if (!loadArchive().result.ok())
-            qFatal("no archive");
-        edits.loaded();
-        table = std::make_unique<SongTable>(edits);
-    }
-
-    // The numbers of the songs that are shown, in their order.
-    QString shown() const
-    {
-        QStringList numbers;
-        for (int row = 0; row < table->rowCount(); row += 1)
-            numbers += QString::number(table->songAt(row));
-        return numbers.join(' ');
-    }
-    QString text(int row, SongColumn column) const
-    {
-        return table->index(row, static_cast<int>(column)).data().toString();
-    }
-};
+static void show(const QString &choice)
+{
+    auto *box = control<QComboBox>(window, "Show");
+    box->setFocus();
+    box->showPopup();
+    QListView *list = box->findChild<QListView *>();
+    const QModelIndex row = box->model()->index(box->findText(choice), 0);
+    list->scrollTo(row);
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(row).center());
+}
 
 static QByteArray midiOf(int record)
 {
     return linesOf(QString::number(record) + QString("|1,2,3").repeated(16));
 }
 
-class SongTableTest : public QObject
+// What is done, and the numbers of the songs that are then shown.
+using Rows = std::initializer_list<std::pair<const char *, const char *>>;
+
+class SongTableTest : public WindowTest
 {
     Q_OBJECT
 private slots:
     void find_searchesAllThatNamesASong()
     {
-        List list({"La mer|Debussy|sea|1", "Solo|Nils Frahm|piano sea|2", "12 Songs|||0", "Straße|Éric||7"});
+        const Program program(archiveOf(
+            {"La mer|Debussy|sea|1", "Solo|Nils Frahm|piano sea|2", "12 Songs|||0", "Straße|Éric||7"}));
         put("spartiti/generi.js", fileOf("generi", linesOf("Jazz|Classic" + QString("|x").repeated(31))));
-        list.table->readDisk();
-        const std::tuple<const char *, const char *> rows[] = {
-            {"", "1 2 3 4"}, {"sea", "1 2"},       {"frahm nils solo", "2"},   {"jazz", "1"},
-            {"4", "4"},      {"2", "2 3"},         {"classic sea piano", "2"}, {"eric strasse", "4"},
-            {"èric", ""},    {"mer debussy", "1"}, {"\"mer debussy\"", ""},    {"\"la mer\"", "1"},
-        };
-        for (const auto &[typed, found] : rows) {
-            list.table->find(typed);
-            QCOMPARE(list.shown(), found);
+        open();
+        for (const auto &[typed, found] : Rows{{"", "1 2 3 4"},
+                                               {"sea", "1 2"},
+                                               {"frahm nils solo", "2"},
+                                               {"jazz", "1"},
+                                               {"4", "4"},
+                                               {"2", "2 3"},
+                                               {"classic sea piano", "2"},
+                                               {"eric strasse", "4"},
+                                               {"èric", ""},
+                                               {"mer debussy", "1"},
+                                               {"\"mer debussy\"", ""},
+                                               {"\"la mer\"", "1"}}) {
+            control<QLineEdit>(window, "Find")->setText(typed);
+            QCOMPARE(shown(0), found);
         }
+    }
+
+    void show_choosesByOneLackEach()
+    {
+        const Program program(
+            archiveOf({"A||x|1", "B||x|1", "C||x|1", "D||x|0", "|||1", "É|||1", "e|||1", "F|||1", "G|||1"}));
+        put("spartiti/m.jpg", "empty");
+        for (int n = 1; n <= 9; n += 1) {
+            if (n != 1)
+                put(QString("spartiti/%1L.jpg").arg(n), "left");
+            put(QString("spartiti/%1R.jpg").arg(n), n == 2 ? "empty" : "right");
+            if (n != 3)
+                put(QString("spartiti/audio/%1.mp3").arg(n), {});
+        }
+        put("spartiti/playlist.js", fileOf("playlist", "\"One\",\"9,1,2,3,4,5,6,7,9,50,#\",\r\n"));
+        open();
+        editCell(6, 3, "y");
+        for (const auto &[choice, numbers] : Rows{{"Without left page", "1"},
+                                                  {"Without right page", "2"},
+                                                  {"Without recording", "3"},
+                                                  {"Without category", "4"},
+                                                  {"Without title", "5"},
+                                                  {"Same title as another", "6 7"},
+                                                  {"Changed and not saved", "7"},
+                                                  {"In no playlist", "8"},
+                                                  {"One", "9 1 2 3 4 5 6 7 9"},
+                                                  {"All", "1 2 3 4 5 6 7 8 9"},
+                                                  {"One", "9 1 2 3 4 5 6 7 9"}}) {
+            show(choice);
+            QCOMPARE(shown(0), numbers);
+        }
+        sortBy(0); // by number, no longer in its order
+        QCOMPARE(shown(0), "1 2 3 4 5 6 7 9 9");
+        QVERIFY(QFile::remove("spartiti/playlist.js")); // seen when the window is the active one again
+        waitUntilActive("Form1");
+        waitUntilActive(window);
+        QCOMPARE(shown(0), "1 2 3 4 5 6 7 8 9");
     }
 
     void whatLiesOnTheDisk_isRead()
     {
-        List list({"A|||33", "B|||9", "C|||99"});
+        const Program program(archiveOf({"A|||33", "B|||9", "C|||99"}));
         for (const char *name :
              {"2L.jpg", "1R.jpg", "03L.jpg", "3l.jpg", "L.jpg", "99999999999L.jpg", "audio/3.mp3"})
             put("spartiti/" + QString(name), "x");
         put("spartiti/midi.js", fileOf("midi", midiOf(1) + midiOf(77)));
         put("spartiti/playlist.js", fileOf("playlist", "\"P\",\"1,1,#\",\r\n\"Q\",\"1,3,#\",\r\n"));
-        list.table->readDisk();
-        QStringList rows;
-        for (int row = 0; row < 3; row += 1) {
-            QString cells;
-            for (int column = 4; column < songColumns; column += 1)
-                cells += '|' + list.text(row, SongColumn(column));
-            rows += cells;
-        }
-        QCOMPARE(rows.join(' '), "|33||✓||✓|2 |9|✓|||| |99|||✓||1");
-        QCOMPARE(list.table->index(0, 9).data(Qt::ToolTipRole).toString(), "P\nQ");
-        QVERIFY(list.table->disk().failures().isEmpty());
+        open();
+        QStringList columns;
+        for (int column = 4; column < table()->model()->columnCount(); column += 1)
+            columns += shown(column);
+        QCOMPARE(columns.join('|'), "33 9 99| ✓ |✓  |  ✓|✓  |2  1");
+        QCOMPARE(table()->model()->index(0, 9).data(Qt::ToolTipRole).toString(), "P\nQ");
+        QCOMPARE(textOf(window, "failures"), "");
         put("spartiti/midi.js", fileOf("midi", midiOf(1) + linesOf("2|1,2,3")));
-        list.table->readDisk();
-        QVERIFY(list.table->disk().failures().join("").startsWith("spartiti/midi.js is damaged"));
+        waitUntilActive("Form1");
+        waitUntilActive(window);
+        QVERIFY(textOf(window, "failures").startsWith("spartiti/midi.js is damaged"));
     }
 
     void sorting_isByNumbersOrAsInADictionary()
     {
-        List list({"Song 10|b|x|2", "song 9|a|x|1", "Étude|b|x|2", "Zero||x|2"});
-        list.table->readDisk();
-        const std::tuple<SongColumn, const char *, const char *> rows[] = {
-            {SongColumn::Number, "1 2 3 4", "4 3 2 1"},
-            {SongColumn::Title, "3 2 1 4", "4 1 2 3"},
-            {SongColumn::Author, "4 2 1 3", "1 3 2 4"}, // equal ones stand by their numbers
-            {SongColumn::Category, "2 1 3 4", "1 3 4 2"},
-        };
-        for (const auto &[column, up, down] : rows) {
-            list.table->sort(static_cast<int>(column), Qt::AscendingOrder);
-            QCOMPARE(list.shown(), up);
-            list.table->sort(static_cast<int>(column), Qt::DescendingOrder);
-            QCOMPARE(list.shown(), down);
+        const Program program(archiveOf({"Song 10|b|x|2", "song 9|a|x|1", "Étude|b|x|2", "Zero||x|2"}));
+        open();
+        for (const auto &[column, up, down] :
+             std::initializer_list<std::tuple<int, const char *, const char *>>{
+                 {1, "3 2 1 4", "4 1 2 3"},
+                 {0, "1 2 3 4", "4 3 2 1"},
+                 {2, "4 2 1 3", "1 3 2 4"}, // equal ones stand by their numbers
+                 {4, "2 1 3 4", "1 3 4 2"}}) {
+            sortBy(column);
+            QCOMPARE(shown(0), up);
+            sortBy(column);
+            QCOMPARE(shown(0), down);
         }
     }
 };
 
-QTEST_GUILESS_MAIN(SongTableTest)
+QTEST_MAIN(SongTableTest)
 #include "song_table_test.moc"

@@ -4,10 +4,7 @@
 #include "support/songs_window.h"
 
 #include <QClipboard>
-#include <QComboBox>
-#include <QHeaderView>
 #include <QLineEdit>
-#include <QListView>
 #include <QProcess>
 #include <QScrollBar>
 #include <QStandardPaths>
@@ -16,35 +13,9 @@ using namespace songs;
 
 static const QString path = "spartiti/archivio.js";
 
-// What stands in a column of all rows.
-static QString shown(int column)
-{
-    QStringList all;
-    for (int row = 0; row < table()->model()->rowCount(); row += 1)
-        all += table()->model()->index(row, column).data().toString();
-    return all.join(' ');
-}
-
 static QString titles()
 {
     return shown(1);
-}
-
-static void sortBy(int column)
-{
-    QTest::mouseClick(table()->horizontalHeader()->viewport(), Qt::LeftButton, {},
-                      {table()->columnViewportPosition(column) + 20, 8});
-}
-
-static void show(const QString &choice)
-{
-    auto *box = control<QComboBox>(window, "Show");
-    box->setFocus();
-    box->showPopup();
-    QListView *list = box->findChild<QListView *>();
-    const QModelIndex row = box->model()->index(box->findText(choice), 0);
-    list->scrollTo(row);
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(row).center());
 }
 
 static QString tags()
@@ -126,44 +97,6 @@ private slots:
         waitUntilActive(window);
         editCell(60, 1, "b"); // is no longer found, and the next stands in its place
         QCOMPARE(place(), "a140 a150 199 of 201 songs");
-    }
-
-    void show_choosesByOneLackEach()
-    {
-        const Program program(
-            archiveOf({"A||x|1", "B||x|1", "C||x|1", "D||x|0", "|||1", "É|||1", "e|||1", "F|||1", "G|||1"}));
-        put("spartiti/m.jpg", "empty");
-        for (int n = 1; n <= 9; n += 1) {
-            if (n != 1)
-                put(QString("spartiti/%1L.jpg").arg(n), "left");
-            put(QString("spartiti/%1R.jpg").arg(n), n == 2 ? "empty" : "right");
-            if (n != 3)
-                put(QString("spartiti/audio/%1.mp3").arg(n), {});
-        }
-        put("spartiti/playlist.js", fileOf("playlist", "\"One\",\"9,1,2,3,4,5,6,7,9,50,#\",\r\n"));
-        open();
-        editCell(6, 3, "y");
-        for (const auto &[choice, numbers] :
-             std::initializer_list<std::pair<const char *, const char *>>{{"Without left page", "1"},
-                                                                          {"Without right page", "2"},
-                                                                          {"Without recording", "3"},
-                                                                          {"Without category", "4"},
-                                                                          {"Without title", "5"},
-                                                                          {"Same title as another", "6 7"},
-                                                                          {"Changed and not saved", "7"},
-                                                                          {"In no playlist", "8"},
-                                                                          {"One", "9 1 2 3 4 5 6 7 9"},
-                                                                          {"All", "1 2 3 4 5 6 7 8 9"},
-                                                                          {"One", "9 1 2 3 4 5 6 7 9"}}) {
-            show(choice);
-            QCOMPARE(shown(0), numbers);
-        }
-        sortBy(0); // by number, no longer in its order
-        QCOMPARE(shown(0), "1 2 3 4 5 6 7 9 9");
-        QVERIFY(QFile::remove("spartiti/playlist.js")); // seen when the window is the active one again
-        waitUntilActive("Form1");
-        waitUntilActive(window);
-        QCOMPARE(shown(0), "1 2 3 4 5 6 7 8 9");
     }
 
     void aCell_isEditedAndUndone()

@@ -197,12 +197,10 @@ static bool belongsToText(const QKeyEvent &event)
 
 void SongsView::keyPressEvent(QKeyEvent *event)
 {
-    if (state() == EditingState) { // Enter comes here too when it closes the box of a cell
-        event->ignore();
-        return;
-    }
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && currentSong() > 0)
+    if (isEnter && state() == EditingState)
+        event->ignore(); // it closes the box of a cell
+    else if (isEnter && currentSong() > 0)
         emit songEntered(currentSong());
     else if (event->key() == Qt::Key_F2)
         editCurrent();

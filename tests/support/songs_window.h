@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QMenu>
 #include <QTableView>
 
@@ -31,6 +32,21 @@ inline void key(Qt::Key key, Qt::KeyboardModifiers held = {})
 inline void keys(const QString &text)
 {
     QTest::keyClicks(focused(), text);
+}
+
+// What stands in a column of all rows.
+inline QString shown(int column)
+{
+    QStringList all;
+    for (int row = 0; row < table()->model()->rowCount(); row += 1)
+        all += table()->model()->index(row, column).data().toString();
+    return all.join(' ');
+}
+
+inline void sortBy(int column)
+{
+    QTest::mouseClick(table()->horizontalHeader()->viewport(), Qt::LeftButton, {},
+                      {table()->columnViewportPosition(column) + 20, 8});
 }
 
 inline void open()
