@@ -44,6 +44,7 @@ private slots:
         open();
         QVERIFY(control<QLineEdit>(window, "Find")->hasFocus());
         QCOMPARE(textOf(window, "count"), "3 of 3 songs");
+        QVERIFY(!table()->horizontalScrollBar()->isVisible()); // on a screen of 800 pixels
         keys("royks");
         QCOMPARE(titles(), "Röyksopp");
         key(Qt::Key_Down);
@@ -59,6 +60,8 @@ private slots:
         QCOMPARE(textOf(window, "Find"), "\"la mer\"x");
         QCOMPARE(textOf(window, "count"), "0 of 3 songs");
         QVERIFY(textOf(window, "nothing") == "Nothing found." && control(window, "nothing")->isVisible());
+        windowNamed(window)->resize(1, 1); // which is made as small as it can be
+        QVERIFY(control(window, "Find")->width() > 100);
         key(Qt::Key_Escape);
         QVERIFY(!windowNamed(window));
     }
@@ -195,6 +198,7 @@ private slots:
         QCOMPARE(lines.value(0), "Summer");
         QVERIFY(lines.contains("1 Song 40 é 40") && lines.contains("40 Song 1 é 1"));
         QCOMPARE(lines.filter("\f").size(), 2); // the ends of two pages
+        QVERIFY(lines.filter("\f")[0].contains("Song")); // an author stands with his song
         Module1.recTitle[40] = QString("long ").repeated(40);
         Module1.recTitle[39].clear();
         playlist.songs = {40, 39, 41};
