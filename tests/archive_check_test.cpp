@@ -221,6 +221,14 @@ private slots:
         QCOMPARE(found().join(';'), expected.join(';'));
     }
 
+    void theDemonstration_hasNothingWrong()
+    {
+        const TestFolder folder;
+        QVERIFY(QFile::link(TESSALINE_SOURCES "/demo/spartiti", "spartiti"));
+        QCOMPARE(checkWholeArchive().pages, 16);
+        QCOMPARE(found(), QStringList());
+    }
+
     void findings_leadToWhereTheyAre()
     {
         const TestFolder folder;
