@@ -1,6 +1,5 @@
 // docs/manual.md against the program: its keys, its messages, its links and pictures, and F1.
 
-#include "help/chapters.h"
 #include "support/table.h"
 #include "support/windows.h"
 
@@ -107,9 +106,9 @@ private slots:
              {"Playlist Manager", "Midi device", "Find a song…", "Bring in songs…", "Categories…",
               "Check the archive…", "Copy to the stand…", "Earlier versions…", "Manual"})
             chooseMenu(entry);
-        const QSet<QString> program_ = keysOfProgram(), told = keysOfManual();
-        QCOMPARE(QStringList((program_ - told).values()).join(", "), QString());
-        QCOMPARE(QStringList((told - program_ - keysOfControls).values()).join(", "), QString());
+        const QSet<QString> real = keysOfProgram(), told = keysOfManual();
+        QCOMPARE(QStringList((real - told).values()).join(", "), QString());
+        QCOMPARE(QStringList((told - real - keysOfControls).values()).join(", "), QString());
     }
 
     void everyMessage_standsInTheManualOrExplainsItself()
@@ -148,24 +147,26 @@ private slots:
             {"playlists", {"Playlist Manager", "playlistfrm", "Playlists"}},
             {"midi", {"Midi device", "midifrm", "MIDI settings"}},
             {"merging", {"Merging", "Premerge", "Songs of another stand"}},
+            {"songs to absorb", {"", "merging", "Songs of another stand"}},
             {"versions", {"Earlier versions…", "versions", "Earlier versions"}},
             {"check", {"Check the archive…", "check", "Checking the archive"}},
+            {"stand", {"Copy to the stand…", "stand", "To the stand"}},
         });
     }
     void f1_opensTheChapterOfTheWindow()
     {
-        const auto [opener, window, chapter] = [](const QStringList &row) {
-            return std::tuple(row[0], row[1], row[2]);
-        }(tableRow<QStringList>());
+        const QStringList row = tableRow<QStringList>();
         Program program;
-        if (opener.size() > 5 || window == "songs")
-            chooseMenu(opener);
-        else if (!opener.isEmpty())
-            click("Form1", opener);
-        waitUntilActive(window);
-        QTest::keyClick(windowNamed(window), Qt::Key_F1);
+        if (row[1] == "merging")
+            program.rooms.merging_.show();
+        else if (row[0].size() > 5)
+            chooseMenu(row[0]);
+        else if (!row[0].isEmpty())
+            click("Form1", row[0]);
+        waitUntilActive(row[1]);
+        QTest::keyClick(windowNamed(row[1]), Qt::Key_F1);
         waitUntilActive("Manual");
-        QCOMPARE(control<QTextBrowser>("Manual", "Text of the manual")->textCursor().block().text(), chapter);
+        QCOMPARE(control<QTextBrowser>("Manual", "Text of the manual")->textCursor().block().text(), row[2]);
     }
 
     void linksAndPictures_resolve()
