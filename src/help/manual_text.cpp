@@ -25,8 +25,8 @@ ManualText::ManualText(QWidget *parent)
     QPalette colours = palette();
     colours.setColor(QPalette::Link, lineColour);
     setPalette(colours);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // one that comes only then would have it read twice
     loadManual();
-    read();
 }
 
 static void nameHeading(QTextCursor heading)
@@ -41,6 +41,8 @@ static void nameHeading(QTextCursor heading)
 // Names the headings, and sets paragraphs apart as a book does.
 static void layOut(QTextDocument &document)
 {
+    QTextCursor all(&document);
+    all.beginEditBlock(); // the places are worked out once, at its end
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         QTextCursor cursor(block);
         const bool isHeading = block.blockFormat().headingLevel() > 0;
@@ -53,6 +55,7 @@ static void layOut(QTextDocument &document)
         format.setBottomMargin(block.textList() ? 2 : 6);
         cursor.mergeBlockFormat(format);
     }
+    all.endEditBlock();
 }
 
 // The place stays, as nearly as the new width has it.
