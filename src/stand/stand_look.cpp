@@ -9,6 +9,10 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 
+#include <algorithm>
+#include <filesystem>
+#include <limits>
+
 using Kind = Result::Kind;
 
 int StandLook::countOf(PlannedFile::Task task) const
@@ -58,6 +62,15 @@ bool hasStartPage(const QString &root)
     return !QDir(root).entryList({"*.html"}, QDir::Files).isEmpty();
 }
 
+// Asked of the folder itself: not every disk is in the system's list of them, which QStorageInfo reads.
+static qint64 roomIn(const QString &root)
+{
+    std::error_code failed;
+    const auto space = std::filesystem::space(QFileInfo(root).filesystemAbsoluteFilePath(), failed);
+    static constexpr auto most = std::uintmax_t(std::numeric_limits<qint64>::max());
+    return static_cast<qint64>(failed ? most : std::min(space.available, most)); // a try will tell
+}
+
 StandLook lookAtStand(const QString &root, const Progress &progress)
 {
     static constexpr qint64 smallestBlock = 4096;
@@ -70,9 +83,8 @@ StandLook lookAtStand(const QString &root, const Progress &progress)
         compareFiles(look, progress);
     if (!look.result.ok())
         return look;
-    const QStorageInfo disk(root);
-    look.roomNeeded = roomNeeded(look.plan, qMax<qint64>(disk.blockSize(), smallestBlock));
-    look.roomThere = disk.bytesAvailable();
+    look.roomNeeded = roomNeeded(look.plan, qMax<qint64>(QStorageInfo(root).blockSize(), smallestBlock));
+    look.roomThere = roomIn(root);
     return look;
 }
 
