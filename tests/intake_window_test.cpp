@@ -197,6 +197,24 @@ private slots:
         QCOMPARE(windowNamed(window) ? table()->model()->rowCount() : -1, rows);
     }
 
+    void whatCannotBeMade_isNamedInItsRowAndTheRestComes()
+    {
+        Intake program;
+        const QByteArray whole = picture("png", Qt::red);
+        put("in/Cut.png", whole.first(whole.size() * 2 / 3));
+        chooseMenu("Bring in songs…");
+        drop(windowNamed(window), {"in/Cut.png", "in/Largo.png"});
+        QTRY_VERIFY(!isTicked(0)); // once it is seen
+        clickCell(0, 0);
+        program.answers = {Answer::Yes, Answer::Ok};
+        click(window, "Bring in");
+        QVERIFY(program.told.value(0).contains("Bring in the other 1 song?"));
+        QCOMPARE(program.told.value(1), "1 song was brought in, as number 4.");
+        QVERIFY2(cell(0, 8).contains("Cut.png: it is broken"), qPrintable(cell(0, 8)));
+        QCOMPARE(contents("spartiti/archivio.js"),
+                 archiveOf({"One|||0", "Two|||0", "Three|||7", "Largo|||0"}));
+    }
+
     void whatCannotBe_isSaid()
     {
         Intake program;

@@ -104,7 +104,7 @@ static void setPageAside(const SongFile &old, AppendReport &report)
     const QString path = shownPath(old.path());
     const PageAside aside = setAside(old.record, *old.page);
     if (!aside.result.ok())
-        report.notSetAside += {path, aside.result};
+        report.notSetAside += {path, aside.result, old.record};
     else if (!aside.newPath.isEmpty())
         report.setAside += {path, shownPath(aside.newPath)};
 }
@@ -132,7 +132,7 @@ static void carryOut(const Plan &plan, StagedFiles &files, AppendReport &report)
         const SongFile &ready = plan.toPutInPlace[i];
         if (results[i].ok())
             continue;
-        report.notPlaced += {results[i].file, results[i]};
+        report.notPlaced += {results[i].file, results[i], ready.record};
         if (ready.page)
             setPageAside(ready, report);
     }
@@ -204,7 +204,7 @@ static Result makeReady(StagedFiles &staged, QList<ComingFile> &files, const Pro
         if (result.kind == Kind::Unwritable || result.kind == Kind::Cancelled)
             return result;
         if (!result.ok())
-            report.notMade += {shownPath(file.name.path()), result};
+            report.notMade += {shownPath(file.name.path()), result, file.name.record};
         file.ready = result.ok();
     }
     return {};
@@ -251,7 +251,7 @@ static Result writeArchiveWith(const QList<NewSong> &songs, StagedFiles &staged,
 }
 
 AppendReport appendSongs(const QList<NewSong> &songs, const Progress &progress,
-                         const std::function<Result()> &isStillTrue)
+                         const std::function<Result(const QList<FileTrouble> &notMade)> &mayGoOn)
 {
     AppendReport report = finishAppending();
     report.result = checkAppend(songs.size());
@@ -261,8 +261,8 @@ AppendReport appendSongs(const QList<NewSong> &songs, const Progress &progress,
     QList<ComingFile> files = filesOf(songs);
     StagedFiles staged;
     report.result = makeReady(staged, files, progress, report);
-    if (report.result.ok() && isStillTrue)
-        report.result = isStillTrue();
+    if (report.result.ok() && mayGoOn)
+        report.result = mayGoOn(report.notMade);
     if (report.result.ok() && fingerprintOnDisk() != found)
         report.result = refused("Another program has just changed " + shownPath(archivePath()) + '.');
     if (!report.result.ok())

@@ -38,6 +38,7 @@ struct OldPage {
 struct FileTrouble {
     QString path; // as it is to be told
     Result why;
+    int record = 0; // the number of its song
 };
 
 // What became of new songs.
@@ -58,10 +59,10 @@ Result checkAppend(qsizetype count);
 // file that cannot be read or made holds up nothing else; one that cannot be written holds up everything.
 // A file that lies in the place of a new one is replaced. A page from before that lies under the number of
 // a song without one is set aside, a recording stays.
-// `progress` is asked while files are made ready; when they are, `isStillTrue` may yet refuse. Refused also
-// if another program has replaced the archive meanwhile.
+// `progress` is asked while files are made ready; when they are, `mayGoOn` is told which were not made, and
+// may yet refuse. Refused also if another program has replaced the archive meanwhile.
 AppendReport appendSongs(const QList<NewSong> &songs, const Progress &progress = {},
-                         const std::function<Result()> &isStillTrue = {});
+                         const std::function<Result(const QList<FileTrouble> &notMade)> &mayGoOn = {});
 
 // To be called before the archive is first loaded: finishes, or else takes away, what a run that was ended
 // while it added songs has left. Its result is always fine.

@@ -62,12 +62,10 @@ QWidget *CategoriesWindow::makeNames()
 QLayout *CategoriesWindow::makeFoot()
 {
     auto *foot = new QHBoxLayout;
-    auto *save = new QPushButton("Save");
-    auto *close = new QPushButton("Close");
-    for (QPushButton *button : {save, close}) {
-        button->setAutoDefault(true); // Enter presses the button that has the focus
-        foot->addWidget(button);
-    }
+    QPushButton *save = pushButton("Save");
+    QPushButton *close = pushButton("Close");
+    foot->addWidget(save);
+    foot->addWidget(close);
     connect(save, &QPushButton::clicked, this, &CategoriesWindow::save);
     connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, save, &QPushButton::click);
     connect(close, &QPushButton::clicked, this, &QWidget::close);

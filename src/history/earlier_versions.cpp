@@ -91,14 +91,12 @@ QWidget *EarlierVersions::makeDetails()
 
 QLayout *EarlierVersions::makeButtons()
 {
-    all_ = new QPushButton("Bring back");
-    chosen_ = new QPushButton("Bring back chosen songs");
+    all_ = pushButton("Bring back");
+    chosen_ = pushButton("Bring back chosen songs");
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
-    for (QPushButton *button : {chosen_, all_}) {
-        button->setAutoDefault(true);
-        buttons->addWidget(button);
-    }
+    buttons->addWidget(chosen_);
+    buttons->addWidget(all_);
     connect(all_, &QPushButton::clicked, this, &EarlierVersions::bringBackVersion);
     connect(chosen_, &QPushButton::clicked, this, &EarlierVersions::bringBackChosen);
     return buttons;

@@ -5,6 +5,9 @@
 #include "files/platform.h"
 #include "intake/page_maker.h"
 #include "playlists/playlist_store.h"
+#include "text/counting.h"
+
+#include <QFileInfo>
 
 using Kind = Result::Kind;
 
@@ -60,6 +63,22 @@ static QList<NewSong> newSongs(const QList<ComingSong> &songs, PageMaker &maker)
     return all;
 }
 
+// An empty sheet that cannot be read keeps no song out.
+static Result checkMade(const QList<FileTrouble> &notMade, int before, BringInReport &report)
+{
+    for (const auto &[path, why, record] : notMade) {
+        if (why.file == emptyPagePath())
+            continue;
+        QString &words = report.cannotCome[record - before - 1];
+        words += (words.isEmpty() ? QString() : QStringLiteral("; ")) + QFileInfo(why.file).fileName() + ": "
+            + why.reason;
+    }
+    return report.cannotCome.isEmpty()
+        ? Result{}
+        : refused(archivePath(),
+                  counted(report.cannotCome.size(), "song cannot", "songs cannot") + " be made.");
+}
+
 static Result storePlaylist(const QString &name, int firstSong, qsizetype count)
 {
     QString songs;
@@ -89,7 +108,9 @@ BringInReport bringIn(const QList<ComingSong> &songs, const QString &playlist, c
     };
     PageMaker maker([&] { return noted(latest.first, latest.second); });
     const int before = Module1.recCount;
-    static_cast<AppendReport &>(report) = appendSongs(newSongs(songs, maker), noted);
+    static_cast<AppendReport &>(report) =
+        appendSongs(newSongs(songs, maker), noted,
+                    [&](const auto &notMade) { return checkMade(notMade, before, report); });
     if (!report.result.ok())
         return report;
     report.firstSong = before + 1;

@@ -126,8 +126,8 @@ void ComingTable::setTicked(const QList<int> &rows, bool ticked)
 void ComingTable::setText(const QList<int> &rows, Column column, const QString &text)
 {
     const QString carried = carriedByFiles(text).text;
-    KnownSongs known;
-    if (column == Column::Title)
+    if (column == Column::Title) {
+        KnownSongs known;
         change(rows, "title", [&](ComingSong &song) {
             song.isNamed = song.isNamed || song.title != carried;
             song.title = carried;
@@ -135,7 +135,7 @@ void ComingTable::setText(const QList<int> &rows, Column column, const QString &
             known.look(song);
             song.isTicked = wasTicked; // who typed it may know better
         });
-    else if (column == Column::Author)
+    } else if (column == Column::Author)
         change(rows, "author", [&](ComingSong &song) {
             song.isNamed = song.isNamed || song.author != carried;
             song.author = carried;

@@ -43,19 +43,23 @@ std::optional<int> IntakeWindow::untickWhatCannotCome()
     return bad;
 }
 
-// True if the rest is to be brought in.
+// Of so many songs that are no longer ticked; true if the rest is to be brought in.
+bool IntakeWindow::askForTheOthers(qsizetype bad)
+{
+    const QString text = counted(bad, "song has", "songs have")
+        + " pages that cannot be made, or a recording that cannot be read. The table tells which, and they "
+          "are "
+          "no longer ticked.";
+    if (table_.tickedCount() > 0)
+        return askYesNo(text + " Bring in the other " + counted(table_.tickedCount(), "song") + '?');
+    messageBox(text);
+    return false;
+}
+
 bool IntakeWindow::askWhetherToGoOn()
 {
     const std::optional<int> bad = untickWhatCannotCome();
-    if (!bad)
-        return false;
-    const QString text = counted(*bad, "song has", "songs have")
-        + " pages that cannot be made. The table tells which, and they are no longer ticked.";
-    if (*bad > 0 && table_.tickedCount() == 0) {
-        messageBox(text);
-        return false;
-    }
-    if (*bad > 0 && !askYesNo(text + " Bring in the other " + counted(table_.tickedCount(), "song") + '?'))
+    if (!bad || (*bad > 0 && !askForTheOthers(*bad)))
         return false;
     return !hasTextBehindLast()
         || askBeforeLoss(
@@ -63,32 +67,57 @@ bool IntakeWindow::askWhetherToGoOn()
             "songs. Bring them in all the same?");
 }
 
+// What cannot be made may show only when it is tried. None where the person wants no more.
+std::optional<BringInReport> IntakeWindow::bringInWhatCanCome(const QString &playlist)
+{
+    for (;;) {
+        QList<ComingSong> ticked;
+        QList<int> rows;
+        for (int row = 0; row < table_.rowCount(); row += 1) {
+            if (table_.songs()[row].isTicked) {
+                ticked += table_.songs()[row];
+                rows += row;
+            }
+        }
+        const BringInReport report =
+            bringIn(ticked, playlist, progressBox("Bringing in " + counted(ticked.size(), "song")));
+        if (report.cannotCome.isEmpty())
+            return report;
+        for (auto song = report.cannotCome.begin(); song != report.cannotCome.end(); ++song)
+            table_.addNote(rows[song.key()], song.value(), true);
+        if (!askForTheOthers(report.cannotCome.size()))
+            return {};
+    }
+}
+
+static const char nothing[] = "Nothing was brought in; the archive is as it was before.";
+
 void IntakeWindow::bringInTicked()
 {
-    const QString nothing = "Nothing was brought in; the archive is as it was before.";
     const QString playlist = makePlaylist_->isChecked() ? playlist_->text() : QString();
     Result possible = checkBringIn(table_.tickedCount());
     if (possible.ok() && makePlaylist_->isChecked())
         possible = checkNewPlaylist(playlist);
     if (!possible.ok())
-        return messageBox(nothing + '\n' + possible.text());
+        return messageBox(nothing + ('\n' + possible.text()));
     setWorking(true);
     images_.setPaused(true);
-    const bool isWanted = askWhetherToGoOn();
-    BringInReport report;
-    QList<ComingSong> ticked, others;
-    for (const ComingSong &song : table_.songs())
-        (song.isTicked ? ticked : others) += song;
-    if (isWanted)
-        report = bringIn(ticked, playlist, progressBox("Bringing in " + counted(ticked.size(), "song")));
+    std::optional<BringInReport> report;
+    if (askWhetherToGoOn())
+        report = bringInWhatCanCome(playlist);
     images_.setPaused(false);
     setWorking(false);
-    if (!isWanted)
-        return;
-    if (!report.result.ok()) {
-        const bool isCancelled = report.result.kind == Result::Kind::Cancelled;
-        return messageBox(isCancelled ? nothing : nothing + '\n' + report.result.text());
-    }
+    if (report && !report->result.ok())
+        messageBox(report->result.kind == Result::Kind::Cancelled ? nothing
+                                                                  : nothing + ('\n' + report->result.text()));
+    else if (report)
+        endBringingIn(*report, playlist);
+}
+
+void IntakeWindow::endBringingIn(const BringInReport &report, const QString &playlist)
+{
+    QList<ComingSong> others = table_.songs();
+    others.removeIf([](const ComingSong &song) { return song.isTicked; });
     table_.keepOnly(others);
     QStringList troubles = troublesOf(report);
     if (!report.playlist.ok())

@@ -9,6 +9,7 @@
 #include "text/counting.h"
 #include "window/message_box.h"
 #include "window/progress.h"
+#include "window/undo_actions.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -17,7 +18,6 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QPushButton>
-#include <QSplitter>
 
 IntakeWindow::IntakeWindow(std::function<void(int)> loadAnew)
     : LayoutWindow("intake", "Bring in songs", QSize(1000, 660))
@@ -35,20 +35,12 @@ IntakeWindow::IntakeWindow(std::function<void(int)> loadAnew)
     view_->setFocus();
 }
 
-static QPushButton *button(const QString &text)
-{
-    auto *button = new QPushButton(text);
-    button->setObjectName(text);
-    button->setAutoDefault(true); // Enter presses the button that has the focus
-    return button;
-}
-
 QLayout *IntakeWindow::makeFiles()
 {
     auto *row = new QHBoxLayout;
-    auto *files = button("Add files…");
-    auto *folder = button("Add a folder…");
-    contents_ = button("Contents…");
+    auto *files = pushButton("Add files…");
+    auto *folder = pushButton("Add a folder…");
+    contents_ = pushButton("Contents…");
     contents_->setToolTip("Cuts the PDF of the current row into songs, as a table of contents (CSV) says");
     for (QPushButton *each : {files, folder, contents_})
         row->addWidget(each);
@@ -89,19 +81,10 @@ QLayout *IntakeWindow::makeReading()
 
 QWidget *IntakeWindow::makeMiddle()
 {
-    auto *middle = new QSplitter;
-    view_ = new ComingView(table_, images_, middle);
-    auto *pages = new QWidget(middle);
-    auto *column = new QVBoxLayout(pages);
-    column->setContentsMargins(0, 0, 0, 0);
-    left_ = new PageView("Left page", images_, pages);
-    right_ = new PageView("Right page", images_, pages);
-    column->addWidget(left_);
-    column->addWidget(right_);
-    middle->setStretchFactor(0, 1);
-    middle->setSizes({width() * 3 / 4, width() / 4});
-    middle->setChildrenCollapsible(false);
-    return middle;
+    view_ = new ComingView(table_, images_, this);
+    left_ = new PageView("Left page", images_, this);
+    right_ = new PageView("Right page", images_, this);
+    return besideColumn(view_, {left_, right_}, {width() * 3 / 4, width() / 4});
 }
 
 QLayout *IntakeWindow::makeFoot()
@@ -115,7 +98,7 @@ QLayout *IntakeWindow::makeFoot()
     playlist_->setObjectName("Playlist");
     playlist_->setAccessibleName("Name of the playlist");
     playlist_->setEnabled(false);
-    bringIn_ = button("Bring in");
+    bringIn_ = pushButton("Bring in");
     row->addWidget(count_, 1);
     row->addWidget(makePlaylist_);
     row->addWidget(playlist_);
@@ -125,11 +108,7 @@ QLayout *IntakeWindow::makeFoot()
 
 void IntakeWindow::makeActions()
 {
-    QAction *undo = table_.undoStack()->createUndoAction(this, "Undo");
-    QAction *redo = table_.undoStack()->createRedoAction(this, "Redo");
-    undo->setShortcuts(QKeySequence::Undo);
-    redo->setShortcuts(QKeySequence::keyBindings(QKeySequence::Redo)
-                       + QList<QKeySequence>{QKeySequence("Ctrl+Y")});
+    const auto [undo, redo] = undoActions(*table_.undoStack(), this);
     addActions({undo, redo});
     makeDeeds();
 }

@@ -17,6 +17,7 @@ class QLineEdit;
 class QMenu;
 class QPushButton;
 class TextBox;
+struct BringInReport;
 
 // The window "Bring in songs": scans, PDFs and recordings become songs, looked through in a table and brought
 // in all at once.
@@ -59,8 +60,11 @@ private:
     void showCounts();
     void showPages();
     std::optional<int> untickWhatCannotCome();
+    bool askForTheOthers(qsizetype bad);
     bool askWhetherToGoOn();
+    std::optional<BringInReport> bringInWhatCanCome(const QString &playlist);
     void bringInTicked();
+    void endBringingIn(const BringInReport &report, const QString &playlist);
     void tell(int count, int firstSong, const QString &playlist, const QStringList &troubles);
 
     const std::function<void(int)> loadAnew_;

@@ -4,6 +4,7 @@
 #include "files/data_folder.h"
 #include "songs/edits.h"
 #include "window/form.h"
+#include "window/undo_actions.h"
 
 #include <functional>
 
@@ -39,12 +40,7 @@ public:
         QString title;
         QList<QAction *> entries;
     };
-    // What takes back edits and does them again, in a menu and in the text boxes.
-    struct UndoActions {
-        QAction *undo;
-        QAction *redo;
-    };
-    // Of the menus, one without entries is not shown.
+    // `undoing` stands in a menu and in the text boxes. Of the menus, one without entries is not shown.
     Form1(Doors doors, Edits &edits, UndoActions undoing, QList<Menu> menus);
 
     // Shows this song, or the one nearest to it that there is, and brings the window forward.

@@ -13,19 +13,6 @@
 #include <QFileInfo>
 #include <QTimer>
 
-// With what would be undone in its text, and the keys of the platform.
-static Form1::UndoActions undoActions(QUndoStack &stack, QObject *owner)
-{
-    QAction *undo = stack.createUndoAction(owner, "Undo");
-    undo->setShortcuts(QKeySequence::Undo);
-    QAction *redo = stack.createRedoAction(owner, "Redo");
-    QList<QKeySequence> keys = QKeySequence::keyBindings(QKeySequence::Redo);
-    if (!keys.contains(QKeySequence("Ctrl+Y")))
-        keys += QKeySequence("Ctrl+Y");
-    redo->setShortcuts(keys);
-    return {undo, redo};
-}
-
 Rooms::Rooms()
     : sinistra(Page::Left, [this](int record, const QList<Page> &pages) { storedPages(record, pages); })
     , destra(Page::Right, [this](int record, const QList<Page> &pages) { storedPages(record, pages); })

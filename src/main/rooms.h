@@ -67,7 +67,7 @@ private:
     QAction *entry(const QString &text, void (Rooms::*open)(), const QKeySequence &key = {});
 
     QObject actions_; // owns the entries of the menus
-    const Form1::UndoActions undoing_;
+    const UndoActions undoing_;
     QPointer<EarlierVersions> versionsWindow_;
     QPointer<SongsWindow> songs_;
     QPointer<CategoriesWindow> categories_;

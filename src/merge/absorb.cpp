@@ -77,7 +77,7 @@ AbsorbReport absorb(const MergeSource &source, const QList<int> &chosen, const P
             translateCategory(songs.last(), record, *categories, report);
     }
     static_cast<AppendReport &>(report) =
-        appendSongs(songs, progress, [&] { return checkAbsorb(source, chosen.size()); });
+        appendSongs(songs, progress, [&](const auto &) { return checkAbsorb(source, chosen.size()); });
     report.notMade.removeIf([](const FileTrouble &trouble) { return trouble.why.kind == Kind::Missing; });
     return report;
 }

@@ -22,7 +22,6 @@
 #include <QLocale>
 #include <QPushButton>
 #include <QShortcut>
-#include <QSplitter>
 
 #include <chrono>
 #include <utility>
@@ -76,19 +75,10 @@ QLayout *SongsWindow::makeHead()
 
 QWidget *SongsWindow::makeMiddle()
 {
-    auto *middle = new QSplitter;
-    songs_ = new SongsView(table_, middle);
-    auto *pages = new QWidget(middle);
-    auto *column = new QVBoxLayout(pages);
-    column->setContentsMargins(0, 0, 0, 0);
-    left_ = new PagePane("Left page", pages);
-    right_ = new PagePane("Right page", pages);
-    column->addWidget(left_);
-    column->addWidget(right_);
-    middle->setStretchFactor(0, 1);
-    middle->setSizes({width() * 5 / 6, width() / 6});
-    middle->setChildrenCollapsible(false);
-    return middle;
+    songs_ = new SongsView(table_, this);
+    left_ = new PagePane("Left page", this);
+    right_ = new PagePane("Right page", this);
+    return besideColumn(songs_, {left_, right_}, {width() * 5 / 6, width() / 6});
 }
 
 QLayout *SongsWindow::makeFoot()
@@ -102,8 +92,7 @@ QLayout *SongsWindow::makeFoot()
     failures_->setWordWrap(true);
     unsaved_ = new QLabel;
     unsaved_->setObjectName("unsaved");
-    save_ = new QPushButton("Save");
-    save_->setObjectName("Save");
+    save_ = pushButton("Save");
     row->addWidget(count_);
     row->addWidget(failures_, 1);
     row->addWidget(unsaved_);

@@ -63,9 +63,7 @@ QLayout *CheckWindow::makeFoot()
     auto *foot = new QHBoxLayout;
     foot->addStretch();
     const auto add = [&](const QString &text, void (CheckWindow::*pressed)()) {
-        auto *button = new QPushButton(text);
-        button->setObjectName(text);
-        button->setAutoDefault(true); // Enter presses the button that has the focus
+        auto *button = pushButton(text);
         foot->addWidget(button);
         connect(button, &QPushButton::clicked, this, pressed);
         return button;
@@ -157,10 +155,9 @@ static QList<Mending> mayBeDone(QList<Mending> mendings)
             gone += mending.name;
     }
     static constexpr qsizetype mostNamed = 15;
-    QString named = gone.mid(0, mostNamed).join('\n');
-    if (gone.size() > mostNamed)
-        named += QStringLiteral("\nand %1 more").arg(gone.size() - mostNamed);
-    if (!gone.isEmpty() && !askBeforeLoss("These files will be deleted:\n" + named + "\nDo you want that?"))
+    if (!gone.isEmpty()
+        && !askBeforeLoss("These files will be deleted:\n" + someOf(gone, mostNamed, "\n")
+                          + "\nDo you want that?"))
         mendings.removeIf([](const Mending &mending) { return mending.kind == Mend::TakeAway; });
     return mendings;
 }

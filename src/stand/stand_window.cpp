@@ -19,14 +19,6 @@
 
 using Task = PlannedFile::Task;
 
-static QPushButton *button(const QString &text)
-{
-    auto *button = new QPushButton(text);
-    button->setObjectName(text);
-    button->setAutoDefault(true); // Enter presses the button that has the focus
-    return button;
-}
-
 StandWindow::StandWindow(QString &root)
     : LayoutWindow("stand", "Copy to the stand", {920, 560})
     , root_(root)
@@ -49,7 +41,7 @@ StandWindow::StandWindow(QString &root)
 QLayout *StandWindow::makeHead()
 {
     auto *head = new QHBoxLayout;
-    auto *chooser = button("Choose a folder…");
+    auto *chooser = pushButton("Choose a folder…");
     folder_->setReadOnly(true);
     folder_->setObjectName("Folder");
     folder_->setAccessibleName("Folder of the stand");
@@ -81,8 +73,8 @@ void StandWindow::makeTable()
 QLayout *StandWindow::makeFoot()
 {
     auto *foot = new QHBoxLayout;
-    again_ = button("Look again");
-    copy_ = button("Copy");
+    again_ = pushButton("Look again");
+    copy_ = pushButton("Copy");
     foot->addStretch();
     foot->addWidget(again_);
     foot->addWidget(copy_);

@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QWidget>
 
+class QPushButton;
+
 // A window that can be made larger and smaller, with its controls in a layout. Escape and the close box
 // close it, unless work is running; closed, it is deleted. What must outlive it is not a member of it.
 class LayoutWindow : public QWidget
@@ -27,6 +29,12 @@ protected:
 private:
     bool isWorking_ = false;
 };
+
+// A button of such a window; Enter presses it where it has the focus. Its objectName is its text.
+QPushButton *pushButton(const QString &text);
+
+// A widget with a column of others at its right side, in these widths, to be made wider and narrower.
+QWidget *besideColumn(QWidget *widget, const QList<QWidget *> &column, const QList<int> &widths);
 
 // Shows the one window of its kind: the one that `window` points to, else the one that `make` gives.
 template <typename Window, typename Make> Window *showTheOne(QPointer<Window> &window, Make make)
