@@ -135,6 +135,12 @@ private slots:
              {[] { mkfifo("spartiti/2L.jpg", 0600); }, "Page that cannot be shown: 2L.jpg|2"}},
             {"link to nothing",
              {[] { QFile::link("gone.jpg", "spartiti/2L.jpg"); }, "Page that cannot be shown: 2L.jpg|2"}},
+            {"recordings in no folder",
+             {[] {
+                  renameFile("spartiti/audio", "elsewhere");
+                  put("spartiti/audio", "x");
+              },
+              "Not to be read: spartiti/audio|0"}},
             {"empty sheet that is none",
              {[] { put("spartiti/m.jpg", "x"); }, "Page that cannot be shown: m.jpg|0"}},
             {"no empty sheet", {[] { QFile::remove("spartiti/m.jpg"); }, "No empty sheet m.jpg|0|mend"}},

@@ -1,20 +1,29 @@
 #include "stand/archive_facts.h"
 
+#include "files/data_folder.h"
+#include "files/platform.h"
 #include "files/safe_write.h"
+#include "stand/stand_files.h"
 
-#include <QDirIterator>
+#include <QFileInfo>
+
+namespace fs = std::filesystem;
 
 // Hidden files, broken links and pipes too.
-static void takeNames(ArchiveFacts &facts, const QString &folder, const QString &before)
+static Result takeNames(ArchiveFacts &facts, const QString &folder, const QString &before)
 {
-    const auto everything = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
-    for (QDirIterator entries(folder, everything); entries.hasNext();) {
-        entries.next();
-        const QString name = before + entries.fileName();
+    if (isNothingThere(folder))
+        return {};
+    std::error_code failure;
+    fs::directory_iterator entry(QFileInfo(folder).filesystemFilePath(), failure);
+    for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
+        const QString name = before + QFileInfo(entry->path()).fileName();
         facts.names.insert(name);
-        if (entries.fileInfo().isFile())
+        std::error_code isGone;
+        if (entry->is_regular_file(isGone))
             facts.files.insert(name);
     }
+    return failure ? cannotBeListed(folder, failure) : Result{};
 }
 
 ArchiveTable readOwnArchive()
@@ -43,7 +52,12 @@ ArchiveFacts readFacts()
     facts.categories = readCategoriesOf(".");
     facts.playlistsRead = readPlaylistFile(facts.playlists);
     facts.midiRead = readMidiFile(facts.midi);
-    takeNames(facts, dataFolder(), {});
-    takeNames(facts, recordingsFolder(), "audio/");
+    facts.listed = takeNames(facts, dataFolder(), {});
+    if (facts.listed.ok()) {
+        facts.listed = takeNames(facts, recordingsFolder(), "audio/");
+    } else {
+        facts.names.clear();
+        facts.files.clear();
+    }
     return facts;
 }

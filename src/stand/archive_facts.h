@@ -19,6 +19,7 @@ struct ArchiveFacts {
     Result playlistsRead;
     MidiTable midi;
     Result midiRead;
+    Result listed; // not fine where a folder does not tell what lies in it
     // All that lies in the data folder, and behind "audio/" in that of the recordings; also what is no file.
     QSet<QString> names;
     QSet<QString> files; // those that are ordinary files

@@ -55,7 +55,9 @@ QList<Finding> dataFileFindings(const ArchiveFacts &facts)
         findings += notRead(facts.playlistsRead, "The stand may have no playlists.");
     if (!facts.midiRead.ok() && facts.midiRead.kind != Kind::Missing)
         findings += notRead(facts.midiRead, "The stand may have no MIDI settings.");
-    if (!facts.names.contains("m.jpg"))
+    if (!facts.listed.ok())
+        findings += notRead(facts.listed, "What lies in it was not looked at.");
+    else if (!facts.names.contains("m.jpg"))
         findings +=
             {"No empty sheet m.jpg",
              "A song without a right page gets none beside its left one. \"Mend\" makes a white sheet.",

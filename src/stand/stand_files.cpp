@@ -6,8 +6,6 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <filesystem>
-
 using Kind = Result::Kind;
 
 namespace fs = std::filesystem;
@@ -23,7 +21,7 @@ ListedFile fileNow(const QString &name)
     return listed(name, QFileInfo(dataFile(name)).filesystemFilePath());
 }
 
-static Result cannotBeListed(const QString &folder, const std::error_code &failure)
+Result cannotBeListed(const QString &folder, const std::error_code &failure)
 {
     const QString reason = QString::fromStdString(failure.message());
     return Result::failed(Kind::Unreadable, folder, "it cannot be listed: " + reason);

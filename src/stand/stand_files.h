@@ -6,6 +6,8 @@
 #include <QList>
 #include <QString>
 
+#include <filesystem>
+
 // A file below a data folder, as it lies there.
 struct ListedFile {
     QString name; // "12L.jpg", "audio/12.mp3"
@@ -22,6 +24,9 @@ struct [[nodiscard]] FileListing {
     QList<ListedFile> files;
 };
 FileListing listFiles(const QString &root, const Progress &progress = {});
+
+// That a folder does not tell what lies in it: Unreadable.
+Result cannotBeListed(const QString &folder, const std::error_code &failure);
 
 // One of them, below the working directory's data folder, as it is now; of size -1 where it is gone.
 ListedFile fileNow(const QString &name);
