@@ -35,7 +35,7 @@ static QByteArray changed(const char *before, const char *after)
 using Written = std::tuple<QByteArray, int, bool>; // a file, its irregular record, whether its end is missing
 using Refused = std::tuple<QByteArray, Kind, QString>; // null: a link that leads nowhere
 
-class ArchiveFileTest : public QObject
+class ArchiveFileTest : public FolderTest
 {
     Q_OBJECT
 private slots:
@@ -94,7 +94,6 @@ private slots:
     void roundTrip_isByteIdentical()
     {
         const auto records = tableRow<QStringList>();
-        const TestFolder folder;
         QVERIFY(readingOf(archiveOf(records)).result.ok());
         QCOMPARE(recordsInMemory(), records);
         QVERIFY(writeArchive().ok());
@@ -103,7 +102,6 @@ private slots:
 
     void writing_renumbersAndNormalises()
     {
-        const TestFolder folder;
         Module1.recCount = 2;
         Module1.recNumber[1] = "7";
         Module1.recTitle[1] = "say \"hello\"";
@@ -122,7 +120,6 @@ private slots:
 
     void cutOrChangedAnywhere_isToldOrLosesNothing()
     {
-        const TestFolder folder;
         const QByteArray whole = archiveOf(threeRecords);
         for (qsizetype i = 0; i < whole.size(); i += 1) {
             const ArchiveReading cut = readingOf(whole.first(i));
@@ -155,7 +152,6 @@ private slots:
     {
         const auto [file, kind, reason] = tableRow<Refused>();
         const QString refusal = "spartiti/archivio.js " + reason + " It is left as it is.";
-        const TestFolder folder;
         QVERIFY(readingOf(archiveOf({"before|||1"})).result.ok());
         if (file.isNull())
             QVERIFY(QFile::remove(path) && QFile::link("archivio.js", path));
@@ -173,7 +169,6 @@ private slots:
 
     void wasArchiveReplaced_knowsItsOwnWrites()
     {
-        const TestFolder folder;
         QVERIFY(!wasArchiveReplaced());
         QVERIFY(readingOf(archiveOf(threeRecords)).result.ok() && !wasArchiveReplaced());
         Module1.recTitle[1] = "changed";

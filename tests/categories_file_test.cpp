@@ -1,13 +1,11 @@
 #include "archive/Module1.h"
 #include "audio/categories_writer.h"
-#include "files/data_folder.h"
+#include "support/table.h"
 #include "support/test_folder.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTest>
-
 using Outcome = CategoriesSaving::Outcome;
+
+static const QString path = "spartiti/generi.js";
 
 // 33 names, some of them odd.
 static QStringList allNames()
@@ -30,193 +28,146 @@ static QByteArray with(const char *before, const char *after)
     return file.replace(file.indexOf(before), qsizetype(qstrlen(before)), after);
 }
 
-static CategoryNames namesOf(const QStringList &names)
+static CategoriesReading readingOf(const QByteArray &file)
 {
-    CategoryNames result;
-    std::copy(names.begin(), names.end(), result.begin() + 1);
-    return result;
+    put(path, file);
+    return readCategoriesOf(".");
 }
 
-// The file with its names from the first to `known` renamed, and those behind it added.
-static QByteArray renamed(const QByteArray &file, int known)
-{
-    QByteArray bytes = file;
-    const QStringList names = allNames();
-    for (int k = 0; k < known; k += 1) {
-        const QByteArray name = linesOf(names[k]).chopped(3);
-        bytes.replace(bytes.indexOf(name), name.size(),
-                      QByteArray("\"New ") + QByteArray::number(k + 1) + '"');
-    }
-    QByteArray added;
-    for (int k = known + 1; k <= categoryCount; k += 1)
-        added += QByteArray("\"New ") + QByteArray::number(k) + "\",\r\n";
-    return bytes.insert(bytes.indexOf(" ];\r\n"), added);
-}
+using Reading = std::tuple<QByteArray, int, int>; // a file, how many names it gives, its first bad line
 
-class CategoriesFileTest : public QObject
+class CategoriesFileTest : public FolderTest
 {
     Q_OBJECT
 private slots:
     void file_givesNamesUpToItsFirstBadLine_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("known");
-        QTest::addColumn<int>("badLine");
         const QByteArray whole = fileOfNames(categoryCount);
-        const auto row = [](const char *name, const QByteArray &bytes, int known, int badLine) {
-            QTest::addRow("%s", name) << bytes << known << badLine;
-        };
-        row("whole", whole, 33, 0);
-        row("any head", with("var generi = [", "x"), 33, 0);
-        row("blank lines behind it", whole + "\r\n\r\n\n", 33, 0);
-        row("more names", fileOf("generi", linesOf(allNames().join('|')).repeated(6)), 33, 0);
-        row("no comma behind the last", whole.chopped(8), 33, 0);
-        row("other line ends", QByteArray(whole).replace("\r\n", "\n"), 33, 0);
-        row("blanks and a remark", with("\"110\",", "  \"110\", // ten"), 33, 0);
-        row("too few", fileOfNames(12), 12, 14);
-        row("too few, blank lines", fileOfNames(12) + QByteArray("\r\n").repeated(99), 12, 14);
-        row("too few, no closing line", fileOfNames(12).chopped(5), 12, 14);
-        row("too few, no comma", fileOfNames(12).replace("112\",", "112\""), 12, 13);
-        row("none", fileOfNames(0), 0, 2);
-        row("empty", {}, 0, 1);
-        row("head on two lines", with(" [", " \r\n["), 0, 2);
-        row("head missing", whole.sliced(16), 0, 1);
-        row("name in the head's line", with("[\r\n", "["), 0, 1);
-        row("no comma", with("\"110\",", "\"110\""), 10, 11);
-        row("a blank before the comma", with("\"110\",", "\"110\" ,"), 10, 11);
-        row("two in a line", with("\"110\",\r\n", "\"110\","), 10, 11);
-        row("text behind the comma", with("\"110\",", "\"110\", a, b"), 10, 11);
-        row("two in a line, two commas", with("\"110\",\r\n\"111\",", "\"110\",\"111\""), 10, 11);
-        row("blank line", with("\"110\"", "\r\n\"110\""), 9, 11);
-        row("script line", with("\"110\"", "show(generi),\r\n\"110\""), 9, 11);
-        row("no first quote", with("\"110\"", "110\""), 9, 11);
-        row("no last quote", with("\"110\"", "\"110"), 9, 11);
-        row("no last quote in the last", whole.chopped(9), 32, 34);
+        tableOf<Reading>(
+            {{"whole", {whole, 33, 0}},
+             {"any head", {with("var generi = [", "x"), 33, 0}},
+             {"more names", {fileOf("generi", linesOf(allNames().join('|')).repeated(6)), 33, 0}},
+             {"no comma behind the last", {whole.chopped(8), 33, 0}},
+             {"other line ends", {QByteArray(whole).replace("\r\n", "\n"), 33, 0}},
+             {"blanks and a remark", {with("\"110\",", "  \"110\", // ten"), 33, 0}},
+             {"too few", {fileOfNames(12), 12, 14}},
+             {"too few, blank lines", {fileOfNames(12) + QByteArray("\r\n").repeated(99), 12, 14}},
+             {"too few, no closing line", {fileOfNames(12).chopped(5), 12, 14}},
+             {"too few, no comma", {fileOfNames(12).replace("112\",", "112\""), 12, 13}},
+             {"none", {fileOfNames(0), 0, 2}},
+             {"empty", {"", 0, 1}},
+             {"head on two lines", {with(" [", " \r\n["), 0, 2}},
+             {"head missing", {whole.sliced(16), 0, 1}},
+             {"name in the head's line", {with("[\r\n", "["), 0, 1}},
+             {"no comma", {with("\"110\",", "\"110\""), 10, 11}},
+             {"a blank before the comma", {with("\"110\",", "\"110\" ,"), 10, 11}},
+             {"two in a line", {with("\"110\",\r\n", "\"110\","), 10, 11}},
+             {"text behind the comma", {with("\"110\",", "\"110\", a, b"), 10, 11}},
+             {"two in a line, two commas", {with("\"110\",\r\n\"111\",", "\"110\",\"111\""), 10, 11}},
+             {"blank line", {with("\"110\"", "\r\n\"110\""), 9, 11}},
+             {"script line", {with("\"110\"", "show(generi),\r\n\"110\""), 9, 11}},
+             {"no first quote", {with("\"110\"", "110\""), 9, 11}},
+             {"no last quote", {with("\"110\"", "\"110"), 9, 11}},
+             {"no last quote in the last", {whole.chopped(9), 32, 34}}});
     }
-
     void file_givesNamesUpToItsFirstBadLine()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, known);
-        QFETCH(int, badLine);
-        const TestFolder folder;
-        put("other/spartiti/generi.js", bytes);
-        const auto [result, read, table] = readCategoriesOf("other");
-        QCOMPARE(read, bytes);
+        const auto [bytes, known, badLine] = tableRow<Reading>();
+        Module1.categoryName.fill("old");
+        put(path, bytes);
+        const Result result = readCategories();
+        const CategoryTable table = categoriesIn(bytes);
         QCOMPARE(table.badLine, badLine);
         QCOMPARE(table.known, known);
         for (int k = 1; k <= categoryCount; k += 1)
-            QCOMPARE(table.name[size_t(k)], k <= known ? allNames()[k - 1] : QString::number(k));
+            QCOMPARE(Module1.categoryName[size_t(k)], k <= known ? allNames()[k - 1] : QString::number(k));
+        QCOMPARE(Module1.categoryName[0] + Module1.categoryName[34], "oldold");
         QCOMPARE(result.ok(), badLine == 0);
         QVERIFY(result.ok() || result.reason.contains(QStringLiteral("line %1").arg(badLine)));
-    }
-
-    void ownFile_fillsTheSharedNamesAlone()
-    {
-        const TestFolder folder;
-        Module1.categoryName.fill("old");
-        QCOMPARE(readCategories().kind, Result::Kind::Missing);
-        QCOMPARE(Module1.categoryName[33], "33");
-        put(categoriesPath(), fileOfNames(categoryCount));
-        QVERIFY(readCategories().ok());
-        QCOMPARE(QStringList(&Module1.categoryName[1], &Module1.categoryName[34]), allNames());
-        QCOMPARE(Module1.categoryName[0] + Module1.categoryName[34], "oldold");
     }
 
     // Renamed or not, all else in the file stays as it was.
     void save_changesTheNamesAlone_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("known");
         const QByteArray whole = fileOfNames(categoryCount);
-        QTest::addRow("whole") << whole << 33;
-        QTest::addRow("40 names") << QByteArray(whole).insert(whole.size() - 5,
-                                                              linesOf("34|35|36|37|38|39|40"))
-                                  << 33;
-        QTest::addRow("script behind it") << whole + "show(generi);\r\n\r\n" << 33;
-        QTest::addRow("a remark") << with("\"110\",", "  \"110\", // ten") << 33;
-        QTest::addRow("other line ends")
-            << QByteArray(whole).replace("\r\n", "\n").replace(" ];\n", " ];\r\n") << 33;
-        QTest::addRow("no comma behind the last") << QByteArray(whole).replace("\"133\",", "\"133\"") << 33;
-        QTest::addRow("too few") << fileOfNames(12) + "\r\n" << 12;
-        QTest::addRow("none") << fileOfNames(0) << 0;
+        const auto otherEnds = QByteArray(whole).replace("\r\n", "\n").replace(" ];\n", " ];\r\n");
+        tableOf<QByteArray>(
+            {{"whole", whole},
+             {"40 names", QByteArray(whole).replace(" ];", linesOf("34|35|36|37|38|39|40") + " ];")},
+             {"script behind it", whole + "show(generi);\r\n\r\n"},
+             {"a remark", with("\"110\",", "  \"110\", // ten")},
+             {"other line ends", otherEnds},
+             {"no comma behind the last", QByteArray(whole).replace("\"133\",", "\"133\"")},
+             {"too few", fileOfNames(12) + "\r\n"},
+             {"none", fileOfNames(0)}});
     }
-
     void save_changesTheNamesAlone()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, known);
-        const TestFolder folder;
-        put(categoriesPath(), bytes);
-        CategoriesReading read = readCategoriesOf(".");
+        const auto bytes = tableRow<QByteArray>();
+        CategoriesReading read = readingOf(bytes);
         QVERIFY(isUnderstood(read));
         CategoryNames names = read.table.name;
-        if (known == categoryCount) {
+        if (read.result.ok()) {
             QCOMPARE(saveCategories(read, names).outcome, Outcome::Saved);
-            QCOMPARE(contents(categoriesPath()), bytes);
+            QCOMPARE(contents(path), bytes);
         }
-        for (size_t k = 1; k <= categoryCount; k += 1)
-            names[k] = QStringLiteral("New %1").arg(k);
+        QByteArray renamed = bytes;
+        QByteArray added;
+        for (int k = 1; k <= categoryCount; k += 1) {
+            names[size_t(k)] = QString("New %1").arg(k);
+            const QByteArray before = linesOf(allNames()[k - 1]).chopped(3),
+                             after = linesOf(names[size_t(k)]);
+            if (k <= read.table.known)
+                renamed.replace(renamed.indexOf(before), before.size(), after.chopped(3));
+            else
+                added += after;
+        }
+        renamed.insert(renamed.indexOf(" ];\r\n"), added);
         QCOMPARE(saveCategories(read, names).outcome, Outcome::Saved);
-        QCOMPARE(contents(categoriesPath()), renamed(bytes, known));
+        QCOMPARE(contents(path), renamed);
         QCOMPARE(Module1.categoryName[33], "New 33");
-        QVERIFY(readCategories().ok());
     }
 
     void save_beginsAFileAndEndsABrokenOne()
     {
-        const TestFolder folder;
-        const QStringList all = allNames();
-        CategoriesReading read = readCategoriesOf(".");
-        QCOMPARE(saveCategories(read, usualCategories()).outcome, Outcome::Saved);
+        const QByteArray whole = fileOfNames(categoryCount);
         for (const QByteArray &bytes : {QByteArray(), QByteArray("\r\n"), fileOfNames(12).chopped(7),
                                         with("\"110\",", "\"110\""), with(" [", "\r\n[")}) {
-            put(categoriesPath(), bytes);
-            read = readCategoriesOf(".");
+            CategoriesReading read = readingOf(bytes);
             QCOMPARE(isUnderstood(read), bytes.size() < 200);
-            QCOMPARE(saveCategories(read, namesOf(all)).outcome, Outcome::Saved);
-            QCOMPARE(contents(categoriesPath()), fileOfNames(categoryCount));
+            QCOMPARE(saveCategories(read, categoriesIn(whole).name).outcome, Outcome::Saved);
+            QCOMPARE(contents(path), whole);
         }
     }
 
     void save_givesEveryNameAsTheReaderExpectsIt()
     {
-        const TestFolder folder;
-        put(categoriesPath(), fileOfNames(categoryCount).replace("110", "1\\0"));
-        CategoriesReading read = readCategoriesOf(".");
+        CategoriesReading read = readingOf(fileOfNames(categoryCount).replace("106", "1\\6"));
         CategoryNames names = read.table.name;
-        const QStringList typed = {"a \"b\" \\", "1\r\n2\t3", "Dvo\u0159\u00e1k \u20ac \U0001F3B5", "];", ""};
+        const QStringList typed = {"a \"b\" \\", "1\r\n2\t3", "Dvořák € \U0001F3B5", "];", ""};
         std::copy(typed.begin(), typed.end(), names.begin() + 1);
         QCOMPARE(saveCategories(read, names).outcome, Outcome::Saved);
-        const QStringList carried = {"a 'b' /", "1 2 3", "Dvor\u00e1k \u20ac ", "];", ""};
-        const CategoryTable table = readCategoriesOf(".").table;
-        QCOMPARE(table.known, categoryCount);
-        QCOMPARE(QStringList(&table.name[1], &table.name[6]), carried);
-        QCOMPARE(table.name[10], "1\\0"); // which nobody typed now
+        const QString carried = "a 'b' /|1 2 3|Dvorák € |];||1\\6"; // the last of which nobody typed now
+        QVERIFY(contents(path).startsWith("var generi = [\r\n" + linesOf(carried)));
     }
 
     void save_losesNothingOfOthers()
     {
-        const TestFolder folder;
         const QByteArray whole = fileOfNames(categoryCount), other = with("110", "Tango");
-        put(categoriesPath(), whole);
-        CategoriesReading read = readCategoriesOf(".");
-        put(categoriesPath(), other);
+        CategoriesReading read = readingOf(whole);
+        put(path, other);
         CategoriesSaving saving = saveCategories(read, usualCategories());
         QCOMPARE(saving.outcome, Outcome::Changed);
-        QCOMPARE(contents(categoriesPath()), other);
-        QCOMPARE(saving.onDisk.table.name[10], "Tango");
         {
             const FullDisk disk(100);
             QCOMPARE(saveCategories(saving.onDisk, usualCategories()).outcome, Outcome::NotWritten);
         }
-        QCOMPARE(contents(categoriesPath()), other);
+        QCOMPARE(contents(path), other);
         QCOMPARE(saveCategories(saving.onDisk, usualCategories()).outcome, Outcome::Saved);
-        QFile::remove(categoriesPath());
+        QVERIFY(QFile::remove(path));
         QCOMPARE(saveCategories(read, read.table.name).outcome, Outcome::Saved);
-        QCOMPARE(contents(categoriesPath()), whole);
-        QFile::remove(categoriesPath());
-        QVERIFY(QDir().mkdir(categoriesPath()));
+        QCOMPARE(contents(path), whole);
+        QVERIFY(QFile::remove(path) && QDir().mkdir(path));
         QCOMPARE(saveCategories(read, read.table.name).outcome, Outcome::NotRead);
     }
 };

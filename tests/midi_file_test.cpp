@@ -35,13 +35,12 @@ static QSet<QByteArray> textsOf(QByteArray bytes)
 
 using Damaged = std::pair<QByteArray, int>; // a file and its first bad line
 
-class MidiFileTest : public QObject
+class MidiFileTest : public FolderTest
 {
     Q_OBJECT
 private slots:
     void saveWithoutAChange_keepsEveryByte()
     {
-        const TestFolder folder;
         const QString any = fromCodePage(everyByte()).remove('|'), field = QString(any).remove(',');
         const QByteArray file =
             fileOf("midi", block("1", any) + block("12", field + ',' + field + ',' + field));
@@ -61,7 +60,6 @@ private slots:
         QByteArray otherwise = before;
         otherwise.replace("var midi", "midi").replace("];", "]").replace("\r\n", " \n");
         for (const QByteArray &bytes : {before, otherwise}) {
-            const TestFolder folder;
             MidiTable table;
             put(midiPath(), bytes);
             QVERIFY(readMidiFile(table).ok());
@@ -101,7 +99,6 @@ private slots:
     void damagedFile_isToldWithItsLine()
     {
         const auto [bytes, line] = tableRow<Damaged>();
-        const TestFolder folder;
         put(midiPath(), bytes);
         MidiTable table;
         const Result read = readMidiFile(table);
@@ -114,7 +111,6 @@ private slots:
     // Each file is refused or told of, or stands as written, or a save carries along every text in it.
     void cutOrChangedAnywhere_losesNoSettings()
     {
-        const TestFolder folder;
         QByteArray blocks;
         for (int line = 0; line < 34; line += 1)
             blocks += linesOf(QString::number(300 + line) + (line % 17 == 0 ? "" : ",5x,y"));
@@ -139,7 +135,6 @@ private slots:
 
     void saves_changeTheirSongAlone()
     {
-        const TestFolder folder;
         QMap<int, QByteArray> blocks;
         MidiTable kept; // one that outlives its saves, beside one read afresh for each
         const std::pair<int, QString> saves[] = {{3, "1"}, {7, "22"}, {3, "333"}, {9, "4"}, {7, ""}};
@@ -156,7 +151,6 @@ private slots:
 
     void saveIntoAFileThatLostItsEnd_isNotDone()
     {
-        const TestFolder folder;
         const QByteArray cut = fileOf("midi", block("1", ",,") + block("2", ",,")).chopped(5);
         put(midiPath(), cut);
         MidiTable table;
@@ -175,7 +169,6 @@ private slots:
 
     void largestTable_isReadAndTakesNoMore()
     {
-        const TestFolder folder;
         QByteArray blocks;
         for (int song = 1; song <= MidiTable::lastBlock; song += 1)
             blocks += block(QString::number(song), "000,000,000");

@@ -59,7 +59,7 @@ static QByteArray beginning(char frame, const QByteArray &components, char inSca
 using Shown = std::pair<QByteArray, QColor>; // a file, and its colour at the top right: none if not shown
 using Scans = std::pair<QByteArray, qint64>; // a file, and the bytes for its scans
 
-class PagesTest : public QObject
+class PagesTest : public FolderTest
 {
     Q_OBJECT
 private slots:
@@ -82,7 +82,6 @@ private slots:
     void decodePage_showsWhatCanBeShown()
     {
         const auto [file, topRight] = tableRow<Shown>();
-        const TestFolder folder;
         put("1L.jpg", file);
         const QImage image = decodePage("1L.jpg", {329, 281});
         QCOMPARE(image.size(), topRight.isValid() ? QSize(329, 281) : QSize(0, 0));
@@ -93,7 +92,6 @@ private slots:
 
     void decodePage_keepsWhatTheFrameCanShow()
     {
-        const TestFolder folder;
         QImage stripes(4 * 300, 4 * 200, QImage::Format_Grayscale8);
         for (int x = 0; x < stripes.width(); x += 1)
             QPainter(&stripes).fillRect(x, 0, 1, stripes.height(), x / 12 % 2 ? Qt::white : Qt::black);
@@ -104,7 +102,6 @@ private slots:
 
     void decodePage_waitsForNoPipe()
     {
-        const TestFolder folder;
         QCOMPARE(mkfifo("1L.jpg", 0600), 0);
         QVERIFY(decodePage("1L.jpg", {329, 281}).isNull() && !canBeShown("1L.jpg"));
     }

@@ -4,8 +4,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QObject>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <optional>
 
 #include <sys/resource.h>
 
@@ -19,6 +22,18 @@ public:
 private:
     QString before_;
     QTemporaryDir folder_;
+};
+
+// A test whose functions and rows each begin in such a folder.
+class FolderTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init() { folder_.emplace(); }
+    void cleanup() { folder_.reset(); }
+
+private:
+    std::optional<TestFolder> folder_;
 };
 
 // Writes a file, making its folder where it is missing.
