@@ -1,13 +1,8 @@
 // The window "Earlier versions", and numbers that are emptied into them.
 #include "files/data_folder.h"
 #include "support/keeping.h"
+#include "support/songs_window.h"
 #include "support/table.h"
-
-#include <QApplication>
-#include <QContextMenuEvent>
-#include <QFileInfo>
-#include <QMenu>
-#include <QTableView>
 
 static const QString window = "Earlier versions";
 static const QString mainWindow = "Tessaline 5.0";
@@ -24,42 +19,13 @@ static QString textsOf(const QString &table)
     return texts.join('|');
 }
 
-static int rowOf(const QString &what)
+// Empties the numbers 2 and 3.
+static void emptyNumbers()
 {
-    const auto *view = control<QTableView>(window, "Versions");
-    for (int row = 0; row < view->model()->rowCount(); row += 1) {
-        if (view->model()->index(row, 1).data().toString() == what)
-            return row;
-    }
-    failTest("no version of " + what);
-}
-
-// Chooses the songs of these rows in "Songs", and the entry of their menu, by keys.
-static void chooseInSongs(int from, int to, const QString &entry)
-{
-    chooseMenu("Find a song…");
-    waitUntilActive("Songs");
-    clickRow("Songs", "Songs", from);
-    auto *table = control<QTableView>("Songs", "Songs");
-    for (int row = from; row < to; row += 1)
-        QTest::keyClick(table, Qt::Key_Down, Qt::ShiftModifier);
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
-    QApplication::sendEvent(table->viewport(), &event);
-    QTRY_VERIFY(QApplication::activePopupWidget());
-    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    for (QAction *action : menu->actions()) {
-        if (action->text() == entry)
-            return QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
-    }
-    failTest("no entry " + entry);
-}
-
-static void storeRightPage()
-{
-    put("scan.jpg", "scan");
-    click(mainWindow, "Right");
-    clickFile("Right page", "scan.jpg");
-    click("Right page", "Ok");
+    songs::open();
+    songs::clickCell(1, 0);
+    songs::clickCell(2, 0, Qt::ShiftModifier);
+    songs::chooseForChosen({"Empty these numbers…"});
 }
 
 static QByteArray filesOf(int n)
@@ -85,20 +51,14 @@ private slots:
         chooseMenu("Earlier versions…");
         QCOMPARE(textsOf("Versions"), "Archive|1 title changed, 1 new");
         QCOMPARE(textsOf("Differences"), "Title|Three|Drei|||Vier");
-        for (const QList<Answer> &refusing : {QList{Answer::No}, QList{Answer::Yes, Answer::No}}) {
-            program.answers = refusing;
-            click(window, "Bring back");
-            QCOMPARE(contents(path) + Module1.recAuthor[4].toUtf8(), after + "typed");
-        }
-        QVERIFY(program.told[1].startsWith("There are changes that have not been saved"));
-        QVERIFY(program.told[3].contains("4 Vier"));
-        program.answers = {Answer::Yes, Answer::Yes, Answer::Ok};
-        click(window, "Bring back");
+        QVERIFY(program.boxesOf(window, "Bring back", {enterKey}).startsWith("There are changes that have"));
+        QVERIFY(program.boxesOf(window, "Bring back", {Answer::Yes, enterKey}).contains("4 Vier"));
+        QCOMPARE(contents(path) + Module1.recAuthor[4].toUtf8(), after + "typed");
+        program.boxesOf(window, "Bring back", {Answer::Yes, Answer::Yes});
         QCOMPARE(contents(path), before);
         QCOMPARE(shownSong(), "3 Three");
-        program.answers = {Answer::Ok};
         clickRow(window, "Versions", 0);
-        click(window, "Bring back");
+        program.boxesOf(window, "Bring back");
         QCOMPARE(contents(path), after);
         program.startAnew({}); // what was thrown away is not offered
         QCOMPARE(program.told, QStringList());
@@ -119,14 +79,12 @@ private slots:
         click(mainWindow, "Save");
         put(path, other);
         chooseMenu("Earlier versions…");
-        program.answers = {other == "x" ? Answer::Ok : Answer::Yes, Answer::Ok};
-        click(window, "Bring back");
-        QVERIFY2(other == "x" || program.told[1].contains("4 D\n5 E"), qPrintable(program.told[1]));
+        const QString told = program.boxesOf(window, "Bring back", {other == "x" ? Answer::Ok : Answer::Yes});
+        QVERIFY2(other == "x" || told.contains("4 D\n5 E"), qPrintable(told));
         QCOMPARE(contents(path), before);
         QCOMPARE(shownSong(), "3 Three");
-        QCOMPARE(
-            contents(program.rooms.history->versions.pathOf(program.rooms.history->versions.all().first())),
-            other);
+        const Versions &kept = program.rooms.history->versions;
+        QCOMPARE(contents(kept.pathOf(kept.all().first())), other);
     }
 
     void aSingleSong_isBroughtBackAsAnUnsavedChange()
@@ -151,11 +109,11 @@ private slots:
     {
         Keeping program;
         put("spartiti/3R.jpg", "right");
-        put("spartiti/generi.js", fileOf("generi", linesOf(QString("Rock|").repeated(32))));
+        putCategories();
         chooseMenu("Earlier versions…"); // it sees what comes while it is open
         QVERIFY(!control(window, "Bring back")->isEnabled());
         waitUntilActive(mainWindow);
-        storeRightPage();
+        storePage("Right");
         const QByteArray names = contents("spartiti/generi.js");
         program.rooms.history->versions.keep("./spartiti/generi.js");
         put("new", QByteArray(names).replace("Rock", "Jazz"));
@@ -163,12 +121,12 @@ private slots:
         program.rooms.history->versions.settle("./spartiti/generi.js", true);
         waitUntilActive(window);
         QCOMPARE(textsOf("Versions").section('|', 0, 3),
-                 "Categories|32 names changed|Right page of 3|replaced");
-        clickRow(window, "Versions", rowOf("Right page of 3"));
+                 "Categories|33 names changed|Right page of 3|replaced");
+        clickRow(window, "Versions", 1);
         QVERIFY(control(window, "Page")->isVisible());
         click(window, "Bring back");
         QCOMPARE(contents("spartiti/3R.jpg"), "right");
-        clickRow(window, "Versions", rowOf("Categories"));
+        clickRow(window, "Versions", 1);
         click(window, "Bring back");
         QCOMPARE(contents("spartiti/generi.js"), names);
         QCOMPARE(Module1.categoryName[1], "Rock");
@@ -179,7 +137,7 @@ private slots:
     {
         Keeping program;
         put("spartiti/3R.jpg", "right");
-        storeRightPage();
+        storePage("Right");
         put("mine.jpg", "mine");
         QVERIFY(QFile::remove("spartiti/3R.jpg")
                 && QFile::link(QDir("mine.jpg").absolutePath(), "spartiti/3R.jpg"));
@@ -197,13 +155,13 @@ private slots:
         put("spartiti/playlist.js", fileOf("playlist", "\"Sunday\",\"3,1,#\",\r\n\"Monday\",\"1,#\",\r\n"));
         const QByteArray two = filesOf(2);
         const QByteArray three = filesOf(3);
-        chooseInSongs(1, 2, "Empty these numbers…");
-        QTRY_COMPARE(program.told.size(), 1);
+        emptyNumbers();
+        QCOMPARE(program.told.size(), 1);
         QVERIFY(program.told[0].contains("2 Two\n3 Three\n"));
         QVERIFY(program.told[0].endsWith("Sunday: 3"));
         QCOMPARE(filesOf(2) + Module1.recTitle[2].toUtf8(), two + "Two");
-        chooseInSongs(1, 2, "Empty these numbers…");
-        QTRY_COMPARE(filesOf(2) + filesOf(3), QByteArray("(missing)").repeated(6));
+        emptyNumbers();
+        QCOMPARE(filesOf(2) + filesOf(3), QByteArray("(missing)").repeated(6));
         QCOMPARE(filesOf(1), "1L.jpg(missing)(missing)");
         QCOMPARE(Module1.recCount, 3);
         QVERIFY(Module1.recTitle[2].isEmpty() && Module1.recTitle[3].isEmpty()
@@ -224,8 +182,8 @@ private slots:
         Keeping program({Answer::Yes, Answer::Ok});
         put("spartiti/2L.jpg", "left");
         QVERIFY(QDir().mkpath("spartiti/3R.jpg")); // a folder of that name
-        chooseInSongs(1, 2, "Empty these numbers…");
-        QTRY_COMPARE(program.told.size(), 2);
+        emptyNumbers();
+        QCOMPARE(program.told.size(), 2);
         QVERIFY(program.told[1].contains("3R.jpg") && program.told[1].contains("1 number keeps its fields."));
         QCOMPARE(Module1.recTitle[2] + Module1.recTitle[3], "Three");
     }

@@ -5,7 +5,6 @@
 #include "window/progress.h"
 
 #include <QDirIterator>
-#include <QFileInfo>
 #include <QScrollBar>
 
 static const QString window = "Tessaline 5.0";
@@ -18,17 +17,9 @@ static QString unsavedFile()
     return files.hasNext() ? files.next() : QString();
 }
 
-static void store(const QString &side)
-{
-    put("scan.jpg", "scan");
-    click(window, side);
-    clickFile(side + " page", "scan.jpg");
-    click(side + " page", "Ok");
-}
-
 static void storeRecording()
 {
-    put("spartiti/generi.js", fileOf("generi", linesOf(QString("Rock|").repeated(32))));
+    putCategories();
     put("a.mp3", "new");
     click(window, "Mp3");
     clickFile("mp3", "a.mp3");
@@ -42,26 +33,9 @@ static QByteArray songThree()
 }
 
 // What ends the program, or nearly so, and whether what was typed is offered at the next start.
-struct Ending {
-    std::function<void()> end;
-    bool isOffered;
-};
-
-// What happens between two starts, and what comes of it.
-struct Meanwhile {
-    std::function<void()> happens;
-    QString told;
-    QString shown;
-    QStringList versions = {};
-};
-
+using Ending = std::pair<std::function<void()>, bool>;
 // What puts files in place for song 3, those that are there before, and the song before and after.
-struct Storing {
-    std::function<void()> store;
-    QStringList present;
-    QByteArray before;
-    QByteArray after;
-};
+using Storing = std::tuple<std::function<void()>, QStringList, QByteArray, QByteArray>;
 
 class HistoryWindowTest : public WindowTest
 {
@@ -116,47 +90,37 @@ private slots:
     }
     void eachEnding_offersOnlyWhatIsNeitherSavedNorGivenUp()
     {
-        const auto row = tableRow<Ending>();
+        const auto [end, isOffered] = tableRow<Ending>();
         Keeping program({Answer::Ok});
         if (QTest::currentDataTag() == QLatin1StringView("close box"))
             program.answers = {Answer::Yes};
         type(window, "Title", "X");
-        row.end();
-        QCOMPARE(!unsavedFile().isEmpty(), row.isOffered);
+        end();
+        QCOMPARE(!unsavedFile().isEmpty(), isOffered);
         program.startAnew({Answer::Yes});
-        QCOMPARE(program.told.size(), row.isOffered ? 1 : 0);
-        QVERIFY(!row.isOffered || shownSong() == "3 X");
+        QCOMPARE(program.told.size(), isOffered ? 1 : 0);
+        QVERIFY(!isOffered || shownSong() == "3 X");
     }
 
-    void whatHappenedMeanwhile_isToldOf_data()
-    {
-        const QString damaged = "The archive is as it was saved last.";
-        tableOf<Meanwhile>({
-            {"garbled",
-             {[] { put(unsavedFile(), contents(unsavedFile()).replace("Drei", "Trei")); }, damaged,
-              "3 Three"}},
-            {"song changed",
-             {[] {
-                  put(path, archiveOf({"One|||0", "Two|||0", "Tre|||7"}));
-              },
-              "as they are now: 3. What was typed is kept under \"Earlier versions\".",
-              "3 Tre",
-              {"Typed and not saved"}}},
-        });
-    }
+    void whatHappenedMeanwhile_isToldOf_data() { rowsOf({"garbled", "song changed"}); }
     void whatHappenedMeanwhile_isToldOf()
     {
-        const auto row = tableRow<Meanwhile>();
+        const bool isGarbled = QTest::currentDataTag() == QLatin1StringView("garbled");
         Keeping program;
         type(window, "Title", "Drei");
         leaveByExit();
-        row.happens();
+        if (isGarbled)
+            put(unsavedFile(), contents(unsavedFile()).replace("Drei", "Trei"));
+        else
+            putArchive({"One|||0", "Two|||0", "Tre|||7"});
         program.startAnew({enterKey});
-        QVERIFY2(program.told.last().endsWith(row.told), qPrintable(program.told.join('|')));
-        QCOMPARE(shownSong(), row.shown);
+        QVERIFY(program.told.last().endsWith(
+            isGarbled ? "The archive is as it was saved last."
+                      : "as they are now: 3. What was typed is kept under \"Earlier versions\"."));
+        QCOMPARE(shownSong(), isGarbled ? "3 Three" : "3 Tre");
         program.startAnew({});
         QCOMPARE(program.told, QStringList());
-        QCOMPARE(program.versions(), row.versions);
+        QCOMPARE(program.versions(), isGarbled ? QStringList() : QStringList{"Typed and not saved"});
     }
 
     void aDamagedArchive_leavesWhatWasTypedForLater()
@@ -188,36 +152,32 @@ private slots:
 
     void whatWasPutInPlace_isUndoneAndRedone_data()
     {
-        tableOf<Storing>({
-            {"Left over two pages",
-             {[] { store("Left"); },
-              {"m.jpg", "3L.jpg", "3R.jpg"},
-              "3L.jpg 3R.jpg (missing) 7",
-              "scan m.jpg (missing) 7"}},
-            {"a first page",
-             {[] { store("Right"); }, {}, "(missing) (missing) (missing) 7", "(missing) scan (missing) 7"}},
-            {"a recording with its category",
-             {storeRecording,
-              {"audio/3.mp3"},
-              "(missing) (missing) audio/3.mp3 7",
-              "(missing) (missing) new 9"}},
-        });
+        const QByteArray none = "(missing) (missing) ";
+        tableOf<Storing>(
+            {{"Left over two pages",
+              {[] { storePage("Left"); },
+               {"m.jpg", "3L.jpg", "3R.jpg"},
+               "3L.jpg 3R.jpg (missing) 7",
+               "scan m.jpg (missing) 7"}},
+             {"a first page",
+              {[] { storePage("Right"); }, {}, none + "(missing) 7", "(missing) scan (missing) 7"}},
+             {"a recording with its category",
+              {storeRecording, {"audio/3.mp3"}, none + "audio/3.mp3 7", none + "new 9"}}});
     }
     void whatWasPutInPlace_isUndoneAndRedone()
     {
-        const auto row = tableRow<Storing>();
+        const auto [store, present, before, after] = tableRow<Storing>();
         Keeping program;
-        for (const QString &file : row.present)
+        for (const QString &file : present)
             put(dataFile(file), file.toUtf8());
-        row.store();
-        QCOMPARE(songThree(), row.after);
+        store();
         press(window, "Title", Qt::Key_PageUp);
         for (int times = 0; times < 2; times += 1) {
+            QCOMPARE(songThree(), after);
             undo();
-            QCOMPARE(songThree(), row.before);
+            QCOMPARE(songThree(), before);
             QCOMPARE(shownSong(), "3 Three");
             undo(Qt::ShiftModifier);
-            QCOMPARE(songThree(), row.after);
         }
         undo();
         QVERIFY(!program.versions().isEmpty()); // what is taken away is kept, too
@@ -228,7 +188,7 @@ private slots:
     {
         Keeping program;
         put("spartiti/3R.jpg", "right");
-        store("Right");
+        storePage("Right");
         for (const Version &version : program.rooms.history->versions.all())
             QFile::remove(program.rooms.history->versions.pathOf(version));
         undo();

@@ -54,6 +54,15 @@ inline void undo(Qt::KeyboardModifiers more = {})
     press("Form1", "Title", Qt::Key_Z, Qt::ControlModifier | more);
 }
 
+// Stores a page for the song that is shown.
+inline void storePage(const QString &side)
+{
+    put("scan.jpg", "scan");
+    click("Form1", side);
+    clickFile(side + " page", "scan.jpg");
+    click(side + " page", "Ok");
+}
+
 // The number and the title that the main window shows.
 inline QString shownSong()
 {

@@ -3,9 +3,7 @@
 #include "support/windows.h"
 
 #include <QApplication>
-#include <QContextMenuEvent>
 #include <QHeaderView>
-#include <QMenu>
 #include <QTableView>
 
 // The window "Songs", as a person uses it.
@@ -57,9 +55,7 @@ inline void open()
 
 inline void clickCell(int row, int column, Qt::KeyboardModifiers held = {})
 {
-    const QModelIndex cell = table()->model()->index(row, column);
-    table()->scrollTo(cell);
-    QTest::mouseClick(table()->viewport(), Qt::LeftButton, held, table()->visualRect(cell).center());
+    ::clickCell(window, window, row, column, held);
 }
 
 inline void editCell(int row, int column, const QString &text)
@@ -71,30 +67,10 @@ inline void editCell(int row, int column, const QString &text)
     QCoreApplication::processEvents(); // the box is closed a moment later
 }
 
-// Chooses in the open menu, or in a menu of that, by real clicks.
-inline void choose(const QStringList &entries)
-{
-    for (const QString &text : entries) {
-        QMenu *menu = nullptr;
-        QAction *entry = nullptr;
-        const bool isOpen = QTest::qWaitFor([&] {
-            menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-            for (QAction *each : menu ? menu->actions() : QList<QAction *>())
-                entry = each->text() == text ? each : entry;
-            return entry != nullptr;
-        });
-        if (!isOpen)
-            failTest("no entry " + text + " in the menu");
-        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(entry).center());
-    }
-}
-
 // Of the menu for the chosen songs, by the menu key.
 inline void chooseForChosen(const QStringList &entries)
 {
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
-    QApplication::sendEvent(table()->viewport(), &event);
-    choose(entries);
+    chooseByMenuKey(window, window, entries);
     waitUntilActive(window); // a dialog may have been in front
     table()->setFocus();
 }

@@ -5,12 +5,17 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAction>
+#include <QContextMenuEvent>
 #include <QDialogButtonBox>
+#include <QDropEvent>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTableView>
+#include <QUrl>
 
 #include <cstdio>
 #include <cstdlib>
@@ -61,6 +66,11 @@ QStringList shownRows(const QString &window, const QString &list)
     return rowsOf(control<QAbstractItemView>(window, list)->model());
 }
 
+QString cell(const QString &window, const QString &table, int row, int column)
+{
+    return control<QTableView>(window, table)->model()->index(row, column).data().toString();
+}
+
 void waitUntilActive(const QString &window)
 {
     QWidget *shown = windowNamed(window);
@@ -91,6 +101,14 @@ void clickRow(const QString &window, const QString &list, int row, int x)
     view->scrollTo(view->model()->index(row, 0));
     const QRect place = view->visualRect(view->model()->index(row, 0));
     QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, {place.left() + x, place.center().y()});
+}
+
+void clickCell(const QString &window, const QString &table, int row, int column, Qt::KeyboardModifiers held)
+{
+    auto *view = control<QTableView>(window, table);
+    const QModelIndex cell = view->model()->index(row, column);
+    view->scrollTo(cell);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, held, view->visualRect(cell).center());
 }
 
 // The middle of the last row of that name.
@@ -144,6 +162,67 @@ void chooseMenu(const QString &entry)
     failTest("no entry " + entry + " in the menus");
 }
 
+void choose(const QStringList &entries)
+{
+    for (const QString &text : entries) {
+        QMenu *menu = nullptr;
+        QAction *entry = nullptr;
+        const bool isOpen = QTest::qWaitFor([&] {
+            menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            for (QAction *each : menu ? menu->actions() : QList<QAction *>()) {
+                if (each->isEnabled() && each->text().remove('&').section('\t', 0, 0) == text)
+                    entry = each;
+            }
+            return entry != nullptr;
+        });
+        if (!isOpen)
+            failTest("no entry " + text + " in the menu");
+        QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(entry).center());
+    }
+}
+
+void chooseByMenuKey(const QString &window, const QString &list, const QStringList &entries)
+{
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(control<QAbstractItemView>(window, list)->viewport(), &event);
+    choose(entries);
+}
+
+bool drop(QWidget *target, QMimeData &dragged, QPoint at)
+{
+    QDragEnterEvent enter(at, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    QDropEvent let(at, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    QApplication::sendEvent(target, &enter);
+    if (enter.isAccepted())
+        QApplication::sendEvent(target, &let);
+    QCoreApplication::processEvents(); // what is dropped is taken a moment later
+    return enter.isAccepted();
+}
+
+bool dropFiles(QWidget *target, const QStringList &addresses)
+{
+    QMimeData files;
+    QList<QUrl> urls;
+    for (const QString &each : addresses)
+        urls += each.contains("://") ? QUrl(each) : QUrl::fromLocalFile(QDir::current().filePath(each));
+    files.setUrls(urls);
+    return drop(target, files, target->rect().center());
+}
+
+void putPicture(const QString &path, const QColor &colour)
+{
+    QImage picture(30, 40, QImage::Format_RGB32);
+    picture.fill(colour);
+    if (!QDir().mkpath(QFileInfo(path).path()) || !picture.save(path))
+        failTest("cannot write " + path);
+}
+
+void putCategories(const QStringList &names, const QString &path)
+{
+    const QStringList others(33 - names.size(), "Rock");
+    put(path, fileOf("generi", linesOf((names + others).join('|'))));
+}
+
 Program::Program(const QByteArray &archive, const QList<Answer> &ahead)
     : answers(ahead)
 {
@@ -184,6 +263,16 @@ void Program::answer()
     else
         QTest::mouseClick(buttons->button(QDialogButtonBox::StandardButton(int(answers.takeFirst()))),
                           Qt::LeftButton);
+}
+
+QString Program::boxesOf(const QString &window, const QString &button, const QList<Answer> &given)
+{
+    told.clear();
+    answers = given;
+    click(window, button);
+    if (windowNamed(window))
+        waitUntilActive(window);
+    return told.join('\n');
 }
 
 void WindowTest::initTestCase()

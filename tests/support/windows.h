@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QTimer>
 
 using Answer = QMessageBox::StandardButton;
@@ -40,6 +41,8 @@ template <typename Control = QWidget> Control *control(const QString &window, co
 QString textOf(const QString &window, const QString &name);
 // The texts of all rows of a list, those that are ticked with a plus in front.
 QStringList shownRows(const QString &window, const QString &list);
+// What stands in a cell of a table.
+QString cell(const QString &window, const QString &table, int row, int column);
 
 // Waits until the window is the active one, so that keys reach its shortcuts.
 void waitUntilActive(const QString &window);
@@ -49,6 +52,8 @@ void waitUntilActive(const QString &window);
 // Typing replaces the text of a box. A full disk has so many bytes of room for each file.
 void click(const QString &window, const QString &name);
 void clickRow(const QString &window, const QString &list, int row, int x = 60);
+void clickCell(const QString &window, const QString &table, int row, int column,
+               Qt::KeyboardModifiers held = {});
 void clickFile(const QString &window, const QString &file, Qt::KeyboardModifiers held = {});
 void openFolder(const QString &window, const QString &folder);
 void type(const QString &window, const QString &box, const QString &text);
@@ -56,6 +61,19 @@ void press(const QString &window, const QString &name, Qt::Key key, Qt::Keyboard
 void clickWithFullDisk(const QString &window, const QString &name, rlim_t room = 0);
 // Chooses an entry of the main window's menus, by its text or objectName, with clicks on both.
 void chooseMenu(const QString &entry);
+// Chooses in the open menu, or in a menu of that: the entries of these texts, one after the other.
+void choose(const QStringList &entries);
+// Chooses in the menu that the menu key opens in a list or a table.
+void chooseByMenuKey(const QString &window, const QString &list, const QStringList &entries);
+
+// Drops what is dragged on a control, in its middle or at a place; whether it takes it.
+bool drop(QWidget *target, QMimeData &dragged, QPoint at);
+bool dropFiles(QWidget *target, const QStringList &addresses);
+
+// Writes a picture of one colour in the format of its name.
+void putPicture(const QString &path, const QColor &colour);
+// Writes the names of the categories: these, and "Rock" for all others.
+void putCategories(const QStringList &names = {}, const QString &path = "spartiti/generi.js");
 
 // The program on an archive of these bytes, or on none if they are null, with the last record shown. Its
 // message boxes are answered by pressing their real buttons, in this order, and those beyond by Esc.
@@ -70,6 +88,8 @@ struct Program {
     explicit Program(const QByteArray &archive = archiveOf({"One|||0", "Two|||0", "Three|||7"}),
                      const QList<Answer> &ahead = {});
     void answer();
+    // Clicks, answers, and gives the texts of the boxes that came, a line end between them.
+    QString boxesOf(const QString &window, const QString &button, const QList<Answer> &given = {});
 };
 
 // What a test of windows derives from: it has the program's own look.
