@@ -188,25 +188,26 @@ void chooseByMenuKey(const QString &window, const QString &list, const QStringLi
     choose(entries);
 }
 
-bool drop(QWidget *target, QMimeData &dragged, QPoint at)
+Qt::DropAction drop(QWidget *target, QMimeData &dragged, QPoint at)
 {
-    QDragEnterEvent enter(at, Qt::CopyAction, &dragged, Qt::LeftButton, {});
-    QDropEvent let(at, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    const auto any = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(at, any, &dragged, Qt::LeftButton, Qt::ShiftModifier);
+    QDropEvent let(at, any, &dragged, Qt::LeftButton, Qt::ShiftModifier);
     QApplication::sendEvent(target, &enter);
     if (enter.isAccepted())
         QApplication::sendEvent(target, &let);
-    QCoreApplication::processEvents(); // what is dropped is taken a moment later
-    return enter.isAccepted();
+    return enter.isAccepted() ? let.dropAction() : Qt::IgnoreAction;
 }
 
-bool dropFiles(QWidget *target, const QStringList &addresses)
+void dropFiles(QWidget *target, const QStringList &addresses)
 {
     QMimeData files;
     QList<QUrl> urls;
     for (const QString &each : addresses)
         urls += each.contains("://") ? QUrl(each) : QUrl::fromLocalFile(QDir::current().filePath(each));
     files.setUrls(urls);
-    return drop(target, files, target->rect().center());
+    drop(target, files, target->rect().center());
+    QCoreApplication::processEvents(); // they are taken a moment later
 }
 
 void putPicture(const QString &path, const QColor &colour)

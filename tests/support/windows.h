@@ -66,9 +66,9 @@ void choose(const QStringList &entries);
 // Chooses in the menu that the menu key opens in a list or a table.
 void chooseByMenuKey(const QString &window, const QString &list, const QStringList &entries);
 
-// Drops what is dragged on a control, in its middle or at a place; whether it takes it.
-bool drop(QWidget *target, QMimeData &dragged, QPoint at);
-bool dropFiles(QWidget *target, const QStringList &addresses);
+// Drops what is dragged on a control, with Shift held; what comes of it, "ignore" where it is not taken.
+Qt::DropAction drop(QWidget *target, QMimeData &dragged, QPoint at);
+void dropFiles(QWidget *target, const QStringList &addresses);
 
 // Writes a picture of one colour in the format of its name.
 void putPicture(const QString &path, const QColor &colour);
