@@ -63,9 +63,7 @@ private slots:
              {"a blank before the comma", {with("\"110\",", "\"110\" ,"), 10, 11}},
              {"two in a line", {with("\"110\",\r\n", "\"110\","), 10, 11}},
              {"text behind the comma", {with("\"110\",", "\"110\", a, b"), 10, 11}},
-             {"two in a line, two commas", {with("\"110\",\r\n\"111\",", "\"110\",\"111\""), 10, 11}},
              {"blank line", {with("\"110\"", "\r\n\"110\""), 9, 11}},
-             {"script line", {with("\"110\"", "show(generi),\r\n\"110\""), 9, 11}},
              {"no first quote", {with("\"110\"", "110\""), 9, 11}},
              {"no last quote", {with("\"110\"", "\"110"), 9, 11}},
              {"no last quote in the last", {whole.chopped(9), 32, 34}}});

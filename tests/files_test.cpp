@@ -34,6 +34,7 @@ static void putAll()
     put(odd, bytes);
     QVERIFY(QFile::link("real/old", "link") && QFile::link("link", "link of a link"));
     QVERIFY(QFile::link("real/new", "link to nothing") && QFile::link(odd, "link to the scan"));
+    QVERIFY(QFile::link("folder", "link to folder"));
     QVERIFY(mkfifo("pipe", 0600) == 0 && QDir().mkdir("folder"));
 }
 
@@ -76,7 +77,7 @@ static void addReplacing()
     add("replace", {replacing, {}, "a/b/c", Kind::Fine, {{"a/b/c", bytes}}}); // in no folder yet
     add("replace", {replacing, {}, "link of a link", Kind::Fine, {{"real/old", bytes}}});
     add("replace", {replacing, {}, "link to nothing", Kind::Fine, {{"real/new", bytes}}});
-    for (const char *target : {"folder", "old/a"})
+    for (const char *target : {"folder", "link to folder", "old/a"})
         add("replace", {replacing, {}, target, Kind::Unwritable});
     for (const int room : {0, 100'000, 200'003})
         add("replace", {replacing, {}, "link", Kind::Unwritable, {}, rlim_t(room)});
@@ -86,7 +87,7 @@ static void addReplacing()
 static void addCopying(const char *name, Way copy, const State &also)
 {
     for (const char *target :
-         {"old", "a/b", "link", "link to nothing", "pipe"}) { // a link is replaced itself
+         {"old", "a/b", "link", "link to nothing", "link to folder", "pipe"}) { // a link is replaced itself
         State changes = also;
         changes[target] = bytes;
         add(name, {copy, "link to the scan", target, Kind::Fine, changes});
@@ -200,7 +201,7 @@ private slots:
             QDir().mkdir(path);
             throw 1;
         };
-        setReplacementKeeper({takePlace, [](const QString &, bool) { throw 1; }});
+        setReplacementKeeper({takePlace, [](const QString &, bool) { throw errno = ENOENT; }});
         put("old", "old");
         QVERIFY(replaceFile("old", "new").ok());
         QCOMPARE(contents("old"), "new");
