@@ -19,12 +19,10 @@
 static QByteArray picture(const char *format, QImage::Format pixels = QImage::Format_RGB32,
                           QSize size = {40, 20})
 {
-    QImage image(size, QImage::Format_ARGB32);
-    for (int y = 0; y < size.height(); y += 1) {
-        for (int x = 0; x < size.width(); x += 1)
-            image.setPixelColor(x, y, x < size.width() / 2 ? Qt::red : Qt::blue);
-    }
-    image.convertTo(pixels);
+    QImage image(2, 1, QImage::Format_RGB32);
+    image.setPixelColor(0, 0, Qt::red);
+    image.setPixelColor(1, 0, Qt::blue);
+    image = image.scaled(size).convertToFormat(pixels);
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, format, 100);
@@ -38,6 +36,22 @@ static QByteArray progressive()
     writer.setProgressiveScanWrite(true);
     writer.write(QImage::fromData(picture("png", QImage::Format_RGB32, {400, 200})));
     return buffer.data();
+}
+
+static QByteArray transparent()
+{
+    QImage clear(40, 20, QImage::Format_ARGB32);
+    clear.fill(Qt::transparent);
+    QBuffer buffer;
+    clear.save(&buffer, "png");
+    return buffer.data();
+}
+
+// Its EXIF data say that it is to be turned by a quarter.
+static QByteArray turnedByExif()
+{
+    static constexpr char exif[] = "ffe1001e45786966000049492a0008000000010012010300010000000600000000";
+    return picture("jpg").insert(2, QByteArray::fromHex(exif));
 }
 
 // The same in the four colours of a printer.
@@ -66,15 +80,27 @@ static QByteArray pdf(int pages,
     return bytes + objects + "trailer<</Root 1 0 R" + trailer + ">>\n%%EOF\n";
 }
 
+static QString absolute(const QString &path)
+{
+    return path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
+}
+
 static ComingSong song(const QString &title, const QString &left, const QString &right = {})
 {
     ComingSong song;
     song.title = title;
-    if (!left.isEmpty())
-        song.left.file = QFileInfo(left).absoluteFilePath();
-    if (!right.isEmpty())
-        song.right.file = QFileInfo(right).absoluteFilePath();
+    song.left.file = absolute(left);
+    song.right.file = absolute(right);
     return song;
+}
+
+// "Title/Author:2", the number of pages behind each.
+static QString textOf(const QList<ComingSong> &songs)
+{
+    QStringList texts;
+    for (const ComingSong &song : songs)
+        texts += song.title + '/' + song.author + ':' + QString::number(song.pages().size());
+    return texts.join(' ');
 }
 
 // The colour at a place of an image, counted from 0 to 1: "red", "blue", "white" or the value.
@@ -95,20 +121,33 @@ static QString colourAt(const QImage &image, double x, double y)
 static QMap<QString, QByteArray> tree()
 {
     QMap<QString, QByteArray> tree;
-    for (QDirIterator files(".", QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
-                            QDirIterator::Subdirectories);
-         files.hasNext();) {
+    const auto all = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
+    for (QDirIterator files(".", all, QDirIterator::Subdirectories); files.hasNext();) {
         const QString path = files.next();
-        tree[path] = files.fileInfo().isDir() ? QByteArray("folder") : contents(path);
+        tree[path] = contents(path);
     }
     return tree;
 }
+
+// An archive of one song, loaded.
+struct Archive : TestFolder {
+    Archive()
+    {
+        putArchive({"One|||0"});
+        (void)loadArchive();
+    }
+};
+
+struct Shaping {
+    QByteArray bytes;
+    QString colours; // left and right, or upper and lower
+    ComingPage page = {};
+};
 
 struct Hostile {
     QByteArray bytes;
     QString reason; // what is said of it; empty: it comes
 };
-Q_DECLARE_METATYPE(Hostile)
 
 class IntakeFilesTest : public QObject
 {
@@ -116,16 +155,14 @@ class IntakeFilesTest : public QObject
 private slots:
     void jpegs_comeByteForByte()
     {
-        const TestFolder folder;
-        putArchive({"One|||0"});
-        (void)loadArchive();
+        const Archive archive;
         put("in/a.jpg", picture("jpg"));
         put("in/b.jpeg", picture("jpg", QImage::Format_Grayscale8));
         put("in/c.png", picture("jpg")); // named wrongly
         put("in/r.mp3", "sound");
         put("spartiti/m.jpg", "empty sheet");
         ComingSong second = song("Third", "in/c.png");
-        second.recording = QFileInfo("in/r.mp3").absoluteFilePath();
+        second.recording = absolute("in/r.mp3");
         second.category = 7;
         const BringInReport report = bringIn({song("Second", "in/a.jpg", "in/b.jpeg"), second}, "Tonight");
         QVERIFY(report.result.ok() && report.playlist.ok() && troublesOf(report).isEmpty());
@@ -144,72 +181,49 @@ private slots:
 
     void otherPictures_becomeTheRightPages_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<ComingPage>("page");
-        QTest::addColumn<QString>("corners"); // left and right, or upper and lower
-        const auto row = [](const char *name, const QByteArray &bytes, const ComingPage &page,
-                            const char *corners) {
-            QTest::newRow(name) << bytes << page << QString(corners);
-        };
-        const ComingPage plain{"in/x", 0, 0, 0, ComingPage::Whole, 0};
-        row("png", picture("png"), plain, "red|blue");
-        row("png of 16 bits", picture("png", QImage::Format_RGBA64), plain, "red|blue");
-        row("png of 16 bits of grey", picture("png", QImage::Format_Grayscale16), plain, "#828282|#464646");
-        row("png of 1 bit", picture("png", QImage::Format_Mono), plain, "#000000|#000000");
-        row("png with a palette", picture("png", QImage::Format_Indexed8), plain, "red|blue");
-        row("bmp", picture("bmp"), plain, "red|blue");
-        QImage clear(40, 20, QImage::Format_ARGB32);
-        clear.fill(Qt::transparent);
-        clear.setPixelColor(0, 0, Qt::red);
-        QBuffer buffer;
-        clear.save(&buffer, "png");
-        row("transparent", buffer.data(), plain, "white|white");
+        const QByteArray jpeg = picture("jpg"), png = picture("png");
+        tableOf<Shaping>({
+            {"png", {png, "red|blue"}},
+            {"png of 16 bits", {picture("png", QImage::Format_RGBA64), "red|blue"}},
+            {"png of 16 bits of grey", {picture("png", QImage::Format_Grayscale16), "#828282|#464646"}},
+            {"png of 1 bit", {picture("png", QImage::Format_Mono), "#000000|#000000"}},
+            {"png with a palette", {picture("png", QImage::Format_Indexed8), "red|blue"}},
+            {"transparent", {transparent(), "white|white"}},
+            {"jpeg turned", {jpeg, "red/blue", {.turns = 1}}},
+            {"jpeg turned thrice", {jpeg, "blue/red", {.turns = 3}}},
+            {"left half", {jpeg, "red|red", {.part = ComingPage::LeftHalf}}},
+            {"right half", {png, "blue|blue", {.part = ComingPage::RightHalf}}},
+            {"half of a turned one", {png, "red/blue", {.turns = 1, .part = ComingPage::LeftHalf}}},
+            {"turned half of a turned one",
+             {png, "blue|red", {.turns = 1, .part = ComingPage::RightHalf, .turnsOfPart = 1}}},
+            {"half of one that EXIF turns", {turnedByExif(), "red/blue", {.part = ComingPage::LeftHalf}}},
+            {"half of a progressive jpeg", {progressive(), "red|red", {.part = ComingPage::LeftHalf}}},
+            {"half of a jpeg for printers", {cmyk, "blue|blue", {.part = ComingPage::RightHalf}}},
+            {"pdf", {pdf(1), "red|blue", {.pdfPage = 1, .dpi = 200}}},
+            {"half of a pdf",
+             {pdf(1), "blue|blue", {.pdfPage = 1, .dpi = 200, .part = ComingPage::RightHalf}}},
+            {"pdf turned", {pdf(1), "red/blue", {.pdfPage = 1, .dpi = 200, .turns = 1}}},
+        });
         for (const char *format : {"tiff", "webp", "gif"}) {
-            if (QByteArray bytes = picture(format); !bytes.isEmpty())
-                row(format, bytes, plain, "red|blue");
+            if (const QByteArray bytes = picture(format); !bytes.isEmpty())
+                QTest::newRow(format) << Shaping{bytes, "red|blue"};
         }
-        row("jpeg turned", picture("jpg"), {"in/x", 0, 0, 1, ComingPage::Whole, 0}, "red/blue");
-        row("jpeg turned thrice", picture("jpg"), {"in/x", 0, 0, 3, ComingPage::Whole, 0}, "blue/red");
-        row("left half", picture("jpg"), {"in/x", 0, 0, 0, ComingPage::LeftHalf, 0}, "red|red");
-        row("right half", picture("png"), {"in/x", 0, 0, 0, ComingPage::RightHalf, 0}, "blue|blue");
-        row("half of a turned one", picture("png"), {"in/x", 0, 0, 1, ComingPage::LeftHalf, 0}, "red/blue");
-        row("turned half of a turned one", picture("png"), {"in/x", 0, 0, 1, ComingPage::RightHalf, 1},
-            "blue|red");
-        // Its EXIF data say that it is to be turned by a quarter.
-        QByteArray exif = picture("jpg");
-        exif.insert(2,
-                    QByteArray::fromHex("ffe1001e457869660000"
-                                        "49492a0008000000"
-                                        "0100"
-                                        "120103000100000006000000"
-                                        "0000"));
-        row("half of one that EXIF turns", exif, {"in/x", 0, 0, 0, ComingPage::LeftHalf, 0}, "red/blue");
-        row("half of a progressive jpeg", progressive(), {"in/x", 0, 0, 0, ComingPage::LeftHalf, 0},
-            "red|red");
-        row("half of a jpeg for printers", cmyk, {"in/x", 0, 0, 0, ComingPage::RightHalf, 0}, "blue|blue");
-        row("pdf", pdf(1), {"in/x", 1, 200, 0, ComingPage::Whole, 0}, "red|blue");
-        row("half of a pdf", pdf(1), {"in/x", 1, 200, 0, ComingPage::RightHalf, 0}, "blue|blue");
-        row("pdf turned", pdf(1), {"in/x", 1, 200, 1, ComingPage::Whole, 0}, "red/blue");
     }
     void otherPictures_becomeTheRightPages()
     {
-        const TestFolder folder;
-        QFETCH(QByteArray, bytes);
-        QFETCH(ComingPage, page);
-        QFETCH(QString, corners);
+        const Archive archive;
+        auto [bytes, colours, page] = tableRow<Shaping>();
         put("in/x", bytes);
-        putArchive({"One|||0"});
-        (void)loadArchive();
+        page.file = "in/x";
         ComingSong one;
         one.left = page;
-        const BringInReport report = bringIn({one}, {});
-        QCOMPARE(troublesOf(report).join('\n'), QString());
+        QCOMPARE(bringIn({one}, {}).cannotCome.value(0), QString());
         QCOMPARE(contents("spartiti/2L.jpg").first(2), QByteArray("\xFF\xD8"));
         const QImage image("spartiti/2L.jpg");
-        if (corners.contains('/'))
-            QCOMPARE(colourAt(image, 0.5, 0.2) + '/' + colourAt(image, 0.5, 0.8), corners);
+        if (colours.contains('/'))
+            QCOMPARE(colourAt(image, 0.5, 0.2) + '/' + colourAt(image, 0.5, 0.8), colours);
         else
-            QCOMPARE(colourAt(image, 0.2, 0.5) + '|' + colourAt(image, 0.8, 0.5), corners);
+            QCOMPARE(colourAt(image, 0.2, 0.5) + '|' + colourAt(image, 0.8, 0.5), colours);
         if (page.pdfPage > 0 && page.isAsItWas())
             QCOMPARE(image.size(), QSize(1656, 2339));
         if (page.pdfPage == 0) {
@@ -238,12 +252,10 @@ private slots:
     }
     void hostileFiles_areNamedBeforeAnythingComes()
     {
-        const TestFolder folder;
+        const Archive archive;
         const auto row = tableRow<Hostile>();
         put("in/x.jpg", row.bytes);
         put("in/good.jpg", picture("jpg"));
-        putArchive({"One|||0"});
-        (void)loadArchive();
         const QList<ComingSong> songs{song("Good", "in/good.jpg"), song("Odd", "in/x.jpg")};
         const BringInReport report = bringIn(songs, {});
         QVERIFY(!report.cannotCome.contains(0));
@@ -314,26 +326,22 @@ private slots:
 
     void cancelledAtAnyMoment_leavesTheFilesAsTheyWere()
     {
-        const TestFolder folder;
-        putArchive({"One|||0"});
-        (void)loadArchive();
+        const Archive archive;
         Module1.recTitle[1] = "typed";
         put("in/a.jpg", picture("jpg"));
         put("in/b.png", picture("png"));
         put("in/c.pdf", pdf(2));
         ComingSong book = song("Book", {});
-        book.left = {"in/c.pdf", 1, 10, 0, ComingPage::Whole, 0};
-        book.right = {"in/c.pdf", 2, 10, 1, ComingPage::Whole, 0};
+        book.left = {.file = "in/c.pdf", .pdfPage = 1, .dpi = 10};
+        book.right = {.file = "in/c.pdf", .pdfPage = 2, .dpi = 10, .turns = 1};
         const QList<ComingSong> songs{song("A", "in/a.jpg", "in/b.png"), book};
         const auto before = tree();
-        bool isDone = false;
-        for (int stop = 0; !isDone; stop += 1) {
+        for (int stop = 0;; stop += 1) {
             int asked = 0;
-            const BringInReport report = bringIn(songs, "List", [&](int, int) { return asked++ < stop; });
-            isDone = report.result.ok();
-            if (isDone)
+            const Result result = bringIn(songs, "List", [&](int, int) { return asked++ < stop; }).result;
+            if (result.ok())
                 break;
-            QCOMPARE(report.result.kind, Result::Kind::Cancelled);
+            QCOMPARE(result.kind, Result::Kind::Cancelled);
             QCOMPARE(tree(), before);
             QCOMPARE(Module1.recTitle[2], QString());
         }
@@ -342,9 +350,7 @@ private slots:
 
     void whatCannotBe_isRefusedBefore()
     {
-        const TestFolder folder;
-        putArchive({"One|||0"});
-        (void)loadArchive();
+        const Archive archive;
         put("in/a.jpg", picture("jpg"));
         const QList<ComingSong> songs{song("A", "in/a.jpg")};
         put("spartiti/playlist.js", fileOf("playlist", "\"Here\",\"1,#\",\r\n"));
@@ -383,10 +389,7 @@ private slots:
         const FoundFiles found = findFiles({"in", "in/Menuet-L.jpg", "in/nothing.jpg"});
         QCOMPARE(found.others, 1);
         const QList<ComingSong> songs = songsIn(found);
-        QStringList texts;
-        for (const ComingSong &each : songs)
-            texts += each.title + '/' + each.author + '/' + QString::number(each.pages().size());
-        QCOMPARE(texts.join(' '), "Menuet//2 Book//2 Book (2)//1 Air/Bach/2");
+        QCOMPARE(textOf(songs), "Menuet/:2 Book/:2 Book (2)/:1 Air/Bach:2");
         QVERIFY(bringIn(songs, {}).result.ok());
         (void)loadArchive();
         for (const ComingSong &each : songsIn(found))
@@ -411,18 +414,13 @@ private slots:
         const TestFolder folder;
         put("book.pdf", pdf(300));
         const PdfInfo info = readPdfs({"book.pdf"})["book.pdf"];
-        QCOMPARE(info.dpi.size(), 300);
-        QByteArray csv;
-        for (int i = 1; i <= 250; i += 1)
-            csv += "Song " + QByteArray::number(i) + "," + QByteArray::number(i <= 50 ? 2 * i - 1 : i + 50)
-                + '\n';
-        const Contents contents = contentsOf(csv, 0, 300);
         KnownSongs known;
-        const QList<ComingSong> songs = songsOfBook("book.pdf", info, contents.songs, known);
-        QCOMPARE(songs.size(), 250);
-        QCOMPARE(songs[0].right.pdfPage, 2);
-        QCOMPARE(songs[249].left.pdfPage, 300);
-        QVERIFY(!songs[249].right.exists());
+        const auto entries = contentsOf("A,1,Me\nB,4\nC,299", 0, static_cast<int>(info.dpi.size())).songs;
+        const QList<ComingSong> songs = songsOfBook("book.pdf", info, entries, known);
+        QVERIFY2(textOf(songs).startsWith("A/Me:2 A (2)/Me:1 B/:2 B (2)/:2 "), qPrintable(textOf(songs)));
+        QCOMPARE(songs[1].left.pdfPage, 3);
+        QCOMPARE(songs.last().title, "C");
+        QCOMPARE(songs.last().right.pdfPage, 300);
     }
 
     void rows_arePutRightAndUndone()
@@ -432,15 +430,9 @@ private slots:
         for (const char *name : {"a", "b", "c", "d", "e"})
             songs += song(name, QString(name) + ".jpg");
         table.replaceSongs(songs, "songs");
-        const auto rows = [&] {
-            QStringList texts;
-            for (const ComingSong &each : table.songs())
-                texts += each.title + QString::number(each.pages().size());
-            return texts.join(' ');
-        };
         QVERIFY(table.canJoin({0, 1, 2, 3}) && !table.canJoin({0}) && table.canJoin({4}));
         table.join({0, 1, 2, 3, 4});
-        QCOMPARE(rows(), "a2 c2 e1");
+        QCOMPARE(textOf(table.songs()), "a/:2 c/:2 e/:1");
         QVERIFY(!table.canJoin({1}));
         table.exchangePages({1});
         QVERIFY(table.songs()[1].left.file.endsWith("d.jpg"));
@@ -448,9 +440,9 @@ private slots:
         QVERIFY(table.canBeginSongAt(right)
                 && !table.canBeginSongAt(table.index(2, int(ComingColumn::Left))));
         table.beginSongAt(right);
-        QCOMPARE(rows(), "a1 b1 c2 e1");
+        QCOMPARE(textOf(table.songs()), "a/:1 b/:1 c/:2 e/:1");
         table.halve({2, 3});
-        QCOMPARE(rows(), "a1 b1 c2 c (2)2 e2");
+        QCOMPARE(textOf(table.songs()), "a/:1 b/:1 c/:2 c (2)/:2 e/:2");
         QVERIFY(!table.canHalve({4}) && table.canHalve({0}));
         table.turn({table.index(0, int(ComingColumn::Left)), table.index(4, int(ComingColumn::Right))});
         QCOMPARE(table.songs()[0].left.turns, 1);

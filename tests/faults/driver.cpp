@@ -76,16 +76,9 @@ static int start()
 
 static int saveChanged()
 {
-    if (!loadArchive().result.ok())
-        return 1;
     Module1.recTitle[1] = "Changed";
     Module1.recCount += 1;
     return done(saveArchive().written); // where reading back fails, the new file stands
-}
-
-static int exportCsv()
-{
-    return loadArchive().result.ok() ? done(writeCsv()) : 1;
 }
 
 static int storeLeftPage()
@@ -94,11 +87,6 @@ static int storeLeftPage()
     if (!stored.page.ok())
         return 1;
     return stored.emptySheet.ok() ? 0 : 3;
-}
-
-static int storeCategoryAndRecording()
-{
-    return done(storeRecording(1, "scan.jpg"));
 }
 
 static int saveMidiSettings()
@@ -136,16 +124,12 @@ static int codeOf(const AppendReport &report)
 static int absorbTwo()
 {
     const MergeSource source = readMergeSource("other");
-    if (!loadArchive().result.ok() || !source.archive.result.ok())
-        return 1;
-    return codeOf(absorb(source, {1, 2}));
+    return source.archive.result.ok() ? codeOf(absorb(source, {1, 2})) : 1;
 }
 
 // A JPEG, a picture that is made into one, a second song with the empty sheet and a recording.
 static int bringInTwo()
 {
-    if (!loadArchive().result.ok())
-        return 1;
     ComingSong first, second;
     first.title = "First";
     first.left.file = QDir::current().filePath("scans/1.jpg");
@@ -154,12 +138,6 @@ static int bringInTwo()
     second.left = first.left;
     second.recording = QDir::current().filePath("scans/3.mp3");
     return codeOf(bringIn({first, second}, {}));
-}
-
-static int beginPlaylists()
-{
-    Playlists playlists;
-    return done(openPlaylists(playlists));
 }
 
 static int saveOnePlaylist()
@@ -187,16 +165,6 @@ static int bringBackOne(const QString &file)
     return 1;
 }
 
-static int bringBackArchive()
-{
-    return bringBackOne("archivio.js");
-}
-
-static int bringBackPage()
-{
-    return bringBackOne("1L.jpg");
-}
-
 static int takePagesAway()
 {
     int left = 0;
@@ -206,13 +174,11 @@ static int takePagesAway()
     return left == 0 ? 0 : left == 3 ? 1 : 4 + left;
 }
 
-// With the archive loaded, and a place where what is typed is kept.
-static int withTyping(int (*operation)(Edits &edits, Recovery &recovery))
+// With a place where what is typed is kept.
+static int withTyping(const std::function<int(Edits &edits, Recovery &recovery)> &operation)
 {
     int argc = 0;
     const QCoreApplication timers(argc, nullptr);
-    if (!loadArchive().result.ok())
-        return 1;
     Edits edits;
     edits.loaded();
     Recovery recovery("kept", [&edits] { return unsavedNow(edits); });
@@ -229,37 +195,32 @@ static int keepTyped()
     });
 }
 
-// Nothing is found that another program has left; the next start looks again.
 static constexpr int nothingToDo = 7;
 
-// What the next start does with it where it is wanted, and where it is not.
-static int putTypedBack()
+// What another program has left is taken over once it is where it belongs; the next start looks again.
+static int takeTypedOver(bool (*store)(const QString &left, Edits &edits))
 {
-    return withTyping([](Edits &edits, Recovery &recovery) {
-        int failed = nothingToDo;
-        for (const QString &left : recovery.leftBehind()) {
-            const auto unsaved = readUnsaved(left);
-            failed = failed == nothingToDo ? 0 : failed;
-            if (!unsaved || !putBack(*unsaved, edits).changedMeanwhile.isEmpty() || !recovery.takeOver(left))
-                failed = 1;
+    return withTyping([store](Edits &edits, Recovery &recovery) {
+        const QStringList all = recovery.leftBehind();
+        int code = all.isEmpty() ? nothingToDo : 0;
+        for (const QString &left : all) {
+            if (!store(left, edits) || !recovery.takeOver(left))
+                code = 1;
         }
-        return failed;
+        return code;
     });
 }
 
-static int setTypedAside()
+static bool putTypedBack(const QString &left, Edits &edits)
 {
-    return withTyping([](Edits &, Recovery &recovery) {
-        int failed = nothingToDo;
-        for (const QString &left : recovery.leftBehind()) {
-            QByteArray bytes;
-            failed = failed == nothingToDo ? 0 : failed;
-            if (!readWhole(left, bytes).ok() || !versions().keepBytes(unsavedName, bytes)
-                || !recovery.takeOver(left))
-                failed = 1;
-        }
-        return failed;
-    });
+    const auto unsaved = readUnsaved(left);
+    return unsaved && putBack(*unsaved, edits).changedMeanwhile.isEmpty();
+}
+
+static bool setTypedAside(const QString &left, Edits &)
+{
+    QByteArray bytes;
+    return readWhole(left, bytes).ok() && versions().keepBytes(unsavedName, bytes);
 }
 
 static int renameCategory()
@@ -288,31 +249,36 @@ static int carryToStand()
 
 struct Operation {
     const char *name;
+    bool needsArchive; // loaded before
     int (*run)();
 };
 
 static constexpr Operation operations[] = {
-    {"check", check},
-    {"tidy", tidy},
-    {"start", start},
-    {"save-archive", saveChanged},
-    {"export-csv", exportCsv},
-    {"store-left-page", storeLeftPage},
-    {"store-recording", storeCategoryAndRecording},
-    {"save-midi", saveMidiSettings},
-    {"absorb", absorbTwo},
-    {"bring-in", bringInTwo},
-    {"begin-playlists", beginPlaylists},
-    {"save-playlist", saveOnePlaylist},
-    {"keep-typed", keepTyped},
-    {"put-typed-back", putTypedBack},
-    {"set-typed-aside", setTypedAside},
-    {"bring-back-archive", bringBackArchive},
-    {"bring-back-page", bringBackPage},
-    {"take-pages-away", takePagesAway},
-    {"rename-category", renameCategory},
-    {"mend", mendOne},
-    {"carry-to-stand", carryToStand},
+    {"check", false, check},
+    {"tidy", false, tidy},
+    {"start", false, start},
+    {"save-archive", true, saveChanged},
+    {"export-csv", true, [] { return done(writeCsv()); }},
+    {"store-left-page", false, storeLeftPage},
+    {"store-recording", false, [] { return done(storeRecording(1, "scan.jpg")); }},
+    {"save-midi", false, saveMidiSettings},
+    {"absorb", true, absorbTwo},
+    {"bring-in", true, bringInTwo},
+    {"begin-playlists", false,
+     [] {
+         Playlists playlists;
+         return done(openPlaylists(playlists));
+     }},
+    {"save-playlist", false, saveOnePlaylist},
+    {"keep-typed", true, keepTyped},
+    {"put-typed-back", true, [] { return takeTypedOver(putTypedBack); }},
+    {"set-typed-aside", true, [] { return takeTypedOver(setTypedAside); }},
+    {"bring-back-archive", false, [] { return bringBackOne("archivio.js"); }},
+    {"bring-back-page", false, [] { return bringBackOne("1L.jpg"); }},
+    {"take-pages-away", false, takePagesAway},
+    {"rename-category", false, renameCategory},
+    {"mend", false, mendOne},
+    {"carry-to-stand", false, carryToStand},
 };
 
 int main(int argc, char **argv)
@@ -325,7 +291,7 @@ int main(int argc, char **argv)
              [](const QString &path, bool wasReplaced) { versions().settle(path, wasReplaced); }});
     for (const Operation &operation : operations) {
         if (std::strcmp(operation.name, argv[2]) == 0)
-            return operation.run();
+            return operation.needsArchive && !loadArchive().result.ok() ? 1 : operation.run();
     }
     return 2;
 }
