@@ -16,9 +16,9 @@ struct Model {
     static constexpr int atOnce = -1;
     struct Step {
         size_t field;
-        QList<int> songs;
-        QStringList before;
-        QStringList after;
+        QList<int> changed;
+        QList<Song> before; // all songs
+        QList<Song> after;
         int run; // steps of typing are one while nothing else was done
     };
 
@@ -32,21 +32,19 @@ struct Model {
 
     void put(size_t field, QList<int> changed, const std::function<QString(QString)> &change, int ofRun)
     {
-        changed.removeIf([&](int n) { return change(songs[n][field]) == songs[n][field]; });
+        const QList<Song> before = songs;
+        for (const int n : changed)
+            songs[n][field] = change(songs[n][field]);
+        changed.removeIf([&](int n) { return songs[n] == before[n]; });
         if (changed.isEmpty())
             return;
         steps.resize(done, Step{});
-        QStringList before, after;
-        for (const int n : changed) {
-            before += songs[n][field];
-            after += songs[n][field] = change(songs[n][field]);
-        }
         const bool goesOn = done > 0 && ofRun != atOnce && steps.last().run == ofRun
-            && steps.last().field == field && steps.last().songs == changed;
+            && steps.last().field == field && steps.last().changed == changed;
         if (goesOn)
-            steps.last().after = after;
+            steps.last().after = songs;
         else
-            steps += Step{field, changed, before, after, ofRun};
+            steps += Step{field, changed, before, songs, ofRun};
         if (steps.last().before == steps.last().after)
             steps.removeLast();
         done = steps.size();
@@ -64,9 +62,9 @@ struct Model {
         done -= undo ? 1 : 0;
         const Step &step = steps[done];
         done += undo ? 0 : 1;
-        for (qsizetype i = 0; i < step.songs.size(); i += 1)
-            songs[step.songs[i]][step.field] = (undo ? step.before : step.after)[i];
-        shown = step.songs.contains(shown) ? shown : step.songs[0];
+        for (const int n : step.changed)
+            songs[n][step.field] = (undo ? step.before : step.after)[n][step.field];
+        shown = step.changed.contains(shown) ? shown : step.changed[0];
         run += 1;
     }
     void add()
@@ -86,16 +84,16 @@ struct Model {
         if (done == 0)
             return {};
         const Step &step = steps[done - 1];
-        const bool isOne = step.songs.size() == 1;
+        const qsizetype count = step.changed.size();
         return names[static_cast<int>(step.field)] + " of "
-            + (isOne ? QString::number(step.songs[0]) : QString::number(step.songs.size()) + " songs");
+            + (count == 1 ? QString::number(step.changed[0]) : QString::number(count) + " songs");
     }
     QStringList records() const
     {
         QStringList records;
         for (int n = 1; n <= count; n += 1)
-            records += songs[n][0] + '|' + songs[n][1] + '|' + songs[n][2] + '|'
-                + (songs[n][3].isEmpty() ? "0" : songs[n][3]);
+            records += QStringList(songs[n].begin(), songs[n].end()).join('|')
+                + (songs[n][category].isEmpty() ? "0" : "");
         return records;
     }
 };
