@@ -84,9 +84,9 @@ struct Model {
         if (done == 0)
             return {};
         const Step &step = steps[done - 1];
-        const qsizetype count = step.changed.size();
+        const qsizetype many = step.changed.size();
         return names[static_cast<int>(step.field)] + " of "
-            + (count == 1 ? QString::number(step.changed[0]) : QString::number(count) + " songs");
+            + (many == 1 ? QString::number(step.changed[0]) : QString::number(many) + " songs");
     }
     QStringList records() const
     {

@@ -101,24 +101,20 @@ static int saveMidiSettings()
 }
 
 // One bit for each file of two new songs: left and right of the first, then of the second, its recording.
-static int bitOf(const FileTrouble &trouble)
-{
-    for (int bit = 0; bit < 4; bit += 1) {
-        const Page page = bit % 2 == 0 ? Page::Left : Page::Right;
-        if (trouble.path == shownPath(pagePath(Module1.recCount + 1 + bit / 2, page)))
-            return 1 << bit;
-    }
-    return trouble.path == shownPath(recordingPath(Module1.recCount + 2)) ? 1 << 4 : 0;
-}
-
 static int codeOf(const AppendReport &report)
 {
     if (!report.result.ok())
         return 1;
-    int troubled = 0;
-    for (const FileTrouble &trouble : report.notMade + report.notPlaced + report.notSetAside)
-        troubled |= bitOf(trouble);
-    return troubled == 0 ? 0 : 32 + troubled;
+    const int first = Module1.recCount + 1, second = first + 1;
+    const QStringList files{pagePath(first, Page::Left), pagePath(first, Page::Right),
+                            pagePath(second, Page::Left), pagePath(second, Page::Right),
+                            recordingPath(second)};
+    int code = 0;
+    for (const FileTrouble &trouble : report.notMade + report.notPlaced + report.notSetAside) {
+        for (int bit = 0; bit < files.size(); bit += 1)
+            code |= trouble.path == shownPath(files[bit]) ? 32 | 1 << bit : 0;
+    }
+    return code;
 }
 
 static int absorbTwo()
