@@ -84,7 +84,6 @@ private slots:
         FileList list(nullptr);
         list.show();
         QTest::keyClick(&list, Qt::Key_Down);
-        QCOMPARE(list.selected(), "1.jpg");
         list.setPath("a");
         QCOMPARE(list.selected(), "");
         QTest::keyClick(&list, Qt::Key_Down);

@@ -1,9 +1,8 @@
 #include "audio/categories_file.h"
+#include "support/table.h"
 #include "support/windows.h"
 
 #include <QClipboard>
-#include <QLineEdit>
-#include <QTableView>
 
 static const QString window = "Categories";
 static const char file[] = "spartiti/generi.js";
@@ -13,11 +12,7 @@ static QByteArray fileWith(const QString &first)
     return fileOf("generi", linesOf(first + QString("|Rock").repeated(32)));
 }
 
-// What the window "Songs" shows as the category of the third song.
-static QString categoryInSongs()
-{
-    return control<QTableView>("Songs", "Songs")->model()->index(2, 4).data().toString();
-}
+using Losing = std::tuple<QByteArray, QByteArray, QString>; // the file, what becomes of it, the question
 
 class CategoriesWindowTest : public WindowTest
 {
@@ -33,7 +28,7 @@ private slots:
         QCOMPARE(textOf(window, "Category 33"), "Other");
         click("Form1", "VScroll1");
         chooseMenu("Find a song…");
-        QCOMPARE(categoryInSongs(), "7");
+        QCOMPARE(cell("Songs", "Songs", 2, 4), "7");
         waitUntilActive(window);
         type(window, "Category 7", "Slow waltz");
         QGuiApplication::clipboard()->setText("Chan\"son → €");
@@ -44,7 +39,7 @@ private slots:
         const QList<QByteArray> lines = contents(file).split('\n');
         QCOMPARE(lines.size(), categoryCount + 3);
         QCOMPARE(lines[2], "\"Chan'son  \x80\",\r");
-        QCOMPARE(categoryInSongs(), "Slow waltz");
+        QCOMPARE(cell("Songs", "Songs", 2, 4), "Slow waltz");
         click("Form1", "Mp3");
         QCOMPARE(textOf("mp3", "Command3(2)"), "Chan'son  €");
         press(window, "Category 2", Qt::Key_Escape);
@@ -58,7 +53,7 @@ private slots:
         put(file, fileWith("Jazz"));
         chooseMenu("Categories…");
         type(window, "Category 1", "Blues");
-        program.answers = {Answer::No, Answer::Yes};
+        program.answers = {enterKey, Answer::Yes};
         press(window, "Category 1", Qt::Key_Escape);
         chooseMenu("Categories…"); // comes forward as it is
         QCOMPARE(textOf(window, "Category 1"), "Blues");
@@ -71,30 +66,22 @@ private slots:
     // What another program made of the file, or what it was, is replaced by a Yes alone.
     void save_asksBeforeSomethingIsLost_data()
     {
-        QTest::addColumn<QByteArray>("opened");
-        QTest::addColumn<QByteArray>("meanwhile");
-        QTest::addColumn<QString>("question");
         const QByteArray damaged = fileWith("Jazz").replace("Jazz\",", "Jazz");
-        QTest::addRow("changed") << fileWith("Jazz") << fileWith("Tango") << "Another program has changed";
-        QTest::addRow("damaged") << damaged << damaged << "spartiti/generi.js: its line 2 should";
+        tableOf<Losing>({{"changed", {fileWith("Jazz"), fileWith("Tango"), "Another program has changed"}},
+                         {"damaged", {damaged, damaged, "spartiti/generi.js: its line 2 should"}}});
     }
-
     void save_asksBeforeSomethingIsLost()
     {
-        QFETCH(QByteArray, opened);
-        QFETCH(QByteArray, meanwhile);
-        QFETCH(QString, question);
+        const auto [opened, meanwhile, question] = tableRow<Losing>();
         Program program;
         put(file, opened);
         chooseMenu("Categories…");
         for (int k = 1; k <= categoryCount; k += 1)
             type(window, QStringLiteral("Category %1").arg(k), k == 1 ? "Blues" : "Rock");
         put(file, meanwhile);
-        click(window, "Save"); // and the box is left with Esc
+        QCOMPARE(program.boxesOf(window, "Save", {enterKey}).first(question.size()), question);
         QCOMPARE(contents(file), meanwhile);
-        QVERIFY2(program.told.value(0).startsWith(question), qPrintable(program.told.value(0)));
-        program.answers = {Answer::Yes};
-        click(window, "Save");
+        program.boxesOf(window, "Save", {Answer::Yes});
         QCOMPARE(contents(file), fileWith("Blues"));
     }
 

@@ -1,23 +1,12 @@
-#include "files/data_folder.h"
 #include "support/windows.h"
 
 #include <QComboBox>
-#include <QFile>
-#include <QImage>
-#include <QTableView>
 
 static const QString window = "Check the archive";
 
 static QString state()
 {
     return textOf(window, "state");
-}
-
-static void putPicture(const QString &path)
-{
-    QImage sheet(20, 30, QImage::Format_Grayscale8);
-    sheet.fill(Qt::white);
-    QVERIFY(sheet.save(path));
 }
 
 static QStringList findings()
@@ -52,13 +41,13 @@ private slots:
     void goTo_landsWhereItIs()
     {
         const Program program(archiveOf({"|||", "Song|||", "Song|||", "Four|||"}));
-        putPicture("spartiti/m.jpg");
-        put("spartiti/generi.js", fileOf("generi", linesOf(QString("Name|").repeated(32))));
+        putPicture("spartiti/m.jpg", Qt::white);
+        putCategories();
         put("spartiti/2L.jpg", "no picture");
         put("spartiti/playlist.js", fileOf("playlist", "\"Set\",\"9,#\",\r\n"));
         chooseMenu("Check the archive…");
         QCOMPARE(findings().size(), 4);
-        QCOMPARE(control<QTableView>(window, "Findings")->model()->index(2, 1).data(), "2 Song");
+        QCOMPARE(cell(window, "Findings", 2, 1), "2 Song");
         clickRow(window, "Findings", 2);
         click(window, "Go to");
         QCOMPARE(textOf("Form1", "Text1"), "2");
@@ -78,15 +67,15 @@ private slots:
     void mend_deletesOnlyAfterAYesAndTellsWhatFailed()
     {
         Program program;
-        putPicture("spartiti/m.jpg");
-        put("spartiti/generi.js", fileOf("generi", linesOf(QString("Name|").repeated(32))));
+        putPicture("spartiti/m.jpg", Qt::white);
+        putCategories();
         put("spartiti/midi.js.Xa81bQ", "x");
         put("spartiti/2l.jpg", contents("spartiti/m.jpg"));
         chooseMenu("Check the archive…");
         QCOMPARE(findings(), QStringList({"Wrong name: 2l.jpg", "Left over: midi.js.Xa81bQ"}));
         press(window, "Findings", Qt::Key_A, Qt::ControlModifier);
         put("spartiti/2L.jpg", contents("spartiti/m.jpg"));
-        click(window, "Mend"); // the question is left with Esc
+        program.boxesOf(window, "Mend", {enterKey});
         QCOMPARE(program.told.size(), 2);
         QVERIFY(program.told[0].contains("midi.js.Xa81bQ"));
         QVERIFY(program.told[1].startsWith("This was not mended, and is as it was before.\nspartiti/2L.jpg"));

@@ -30,35 +30,34 @@ static Songs shifted(Songs songs, QList<int> rows, int by)
     return songs;
 }
 
-// A list, what a window shows of it, and a plain model: every list that there was, each with what belongs to
-// it, and which of them stands. No song comes twice.
+// A list, what a window shows of it, and a plain model: every list that there was, and which of them stands.
+// No song comes twice.
 struct Game {
     QStringList rows;
-    QString heading;
     EditedList list{[this](const RowChange &change) {
         rows.remove(change.first, change.removed);
         for (int row = change.first; row < change.first + change.inserted; row += 1)
             rows.insert(row, list.songs()[row].row);
     }};
-    QList<QPair<Songs, QString>> plain{{}};
+    QList<Songs> plain{{}};
     qsizetype now = 0;
     int lastSong = 0;
     std::mt19937 chance{20};
 
     int below(qsizetype end) { return static_cast<int>(chance() % static_cast<unsigned>(end)); }
 
-    void become(const Songs &songs, const QString &other)
+    void become(const Songs &songs)
     {
-        if (plain[now] == qMakePair(songs, other))
+        if (plain[now] == songs)
             return;
         now += 1;
         plain.resize(now);
-        plain += qMakePair(songs, other);
+        plain += songs;
     }
 
     void play()
     {
-        const Songs songs = plain[now].first;
+        const Songs songs = plain[now];
         const int place = below(songs.size() + 1);
         Songs others(1 + below(3));
         std::iota(others.begin(), others.end(), lastSong + 1);
@@ -73,27 +72,25 @@ struct Game {
         switch (songs.size() > 20 ? 0 : below(10)) {
         case 0:
             list.remove(some);
-            return become(before + behind, heading);
+            return become(before + behind);
         case 1:
             list.add(listed(others));
-            return become(songs + others, heading);
+            return become(songs + others);
         case 2:
             list.add(listed(others), place);
-            return become(songs.first(place) + others + songs.sliced(place), heading);
+            return become(songs.first(place) + others + songs.sliced(place));
         case 3:
-            become(others, QString::number(lastSong));
-            return list.replaceAll(listed(others), [this, other = QString::number(lastSong)]() mutable {
-                std::swap(heading, other);
-            });
+            list.replaceAll(listed(others), {});
+            return become(others);
         case 4:
             list.move(some, place);
-            return become(before + moved + behind, heading);
+            return become(before + moved + behind);
         case 5:
             list.moveUp(some);
-            return become(shifted(songs, some, -1), heading);
+            return become(shifted(songs, some, -1));
         case 6:
             list.moveDown(some);
-            return become(shifted(songs, some, 1), heading);
+            return become(shifted(songs, some, 1));
         case 7:
             list.redo();
             now = qMin(now + 1, plain.size() - 1);
@@ -126,13 +123,12 @@ private slots:
             game.play();
             QStringList rows;
             QString text;
-            for (const int n : game.plain[game.now].first) {
+            for (const int n : game.plain[game.now]) {
                 rows += QStringLiteral("t%1 _%1").arg(n);
                 text += QString::number(n) + ',';
             }
             QCOMPARE(game.list.text(), text + '#');
             QCOMPARE(game.rows, rows);
-            QCOMPARE(game.heading, game.plain[game.now].second);
         }
     }
 

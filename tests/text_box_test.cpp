@@ -10,13 +10,6 @@
 #include <ctime>
 #include <numeric>
 
-static void chooseFromMenu(TextBox &box, const QString &entry)
-{
-    QTest::mouseClick(box.window()->windowHandle(), Qt::RightButton, {},
-                      box.mapTo(box.window(), QPoint(5, 5)));
-    choose({entry});
-}
-
 // Puts text into a box as a person does.
 static void enter(TextBox &box, const QString &way, const QString &text)
 {
@@ -34,7 +27,7 @@ static void enter(TextBox &box, const QString &way, const QString &text)
     } else if (way == "Shift+Insert") {
         QTest::keyClick(&box, Qt::Key_Insert, Qt::ShiftModifier);
     } else if (way == "menu") {
-        chooseFromMenu(box, "Paste");
+        chooseByRightClick(&box, "Paste");
     } else if (way == "drop") {
         QMimeData data;
         data.setText(text);
@@ -88,7 +81,7 @@ private slots:
         QCOMPARE(box.text(), "a\\b");
         const QWidgetList all = QApplication::topLevelWidgets();
         const auto tip = std::ranges::find(all, Qt::ToolTip, &QWidget::windowType);
-        QVERIFY(QToolTip::isVisible() && tip != all.end());
+        QVERIFY(tip != all.end() && (*tip)->isVisible());
         QVERIFY((*tip)->windowHandle()->flags().testFlag(Qt::WindowTransparentForInput)); // takes no clicks
         QVERIFY2(QToolTip::text().endsWith("😀 U+200B"), qPrintable(QToolTip::text()));
         enter(box, way, "\"ő\t😀");
@@ -161,43 +154,15 @@ private slots:
         }
     }
 
-    void textBox_leavesUndoToTheWindow()
-    {
-        QWidget window;
-        TextBox box(&window);
-        QAction undo("Undo title of 12"), redo("Redo title of 12");
-        undo.setShortcuts(QKeySequence::Undo);
-        redo.setShortcuts({QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y")});
-        window.addActions({&undo, &redo});
-        QString done;
-        connect(&undo, &QAction::triggered, [&] { done += "undo "; });
-        connect(&redo, &QAction::triggered, [&] { done += "redo "; });
-        box.leaveUndoTo(&undo, &redo);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
-        QTest::keyClicks(&box, "a");
-        QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
-        QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-        QTest::keyClick(&box, Qt::Key_Y, Qt::ControlModifier);
-        chooseFromMenu(box, "Undo title of 12");
-        chooseFromMenu(box, "Redo title of 12");
-        QCOMPARE(done, "undo redo redo undo redo ");
-        window.removeAction(&undo);
-        QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(box.text(), "a");
-    }
-
     void textBox_takesNoFiles()
     {
         TextBox box(nullptr);
         QMimeData data;
         data.setText("/tmp/1L.jpg");
-        for (const auto &[url, taken] :
-             {std::pair("file:///tmp/1L.jpg", false), {"https://a.b/1L.jpg", true}}) {
-            data.setUrls({QUrl(url)});
-            QCOMPARE(drop(&box, data, {5, 5}) != Qt::IgnoreAction, taken);
-        }
+        data.setUrls({QUrl("file:///tmp/1L.jpg")});
+        QCOMPARE(drop(&box, data, {5, 5}), Qt::IgnoreAction);
+        data.setUrls({QUrl("https://a.b/1L.jpg")});
+        QVERIFY(drop(&box, data, {5, 5}) != Qt::IgnoreAction);
     }
 
     void textBox_takesALongTextAtOnce()

@@ -188,6 +188,13 @@ void chooseByMenuKey(const QString &window, const QString &list, const QStringLi
     choose(entries);
 }
 
+void chooseByRightClick(QWidget *box, const QString &entry)
+{
+    QTest::mouseClick(box->window()->windowHandle(), Qt::RightButton, {},
+                      box->mapTo(box->window(), QPoint(5, 5)));
+    choose({entry});
+}
+
 Qt::DropAction drop(QWidget *target, QMimeData &dragged, QPoint at)
 {
     const auto any = Qt::CopyAction | Qt::MoveAction;

@@ -65,6 +65,8 @@ void chooseMenu(const QString &entry);
 void choose(const QStringList &entries);
 // Chooses in the menu that the menu key opens in a list or a table.
 void chooseByMenuKey(const QString &window, const QString &list, const QStringList &entries);
+// Chooses in the menu of a text box.
+void chooseByRightClick(QWidget *box, const QString &entry);
 
 // Drops what is dragged on a control, with Shift held; what comes of it, "ignore" where it is not taken.
 Qt::DropAction drop(QWidget *target, QMimeData &dragged, QPoint at);
