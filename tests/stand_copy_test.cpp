@@ -255,6 +255,17 @@ private slots:
         QVERIFY(textOf(copied).endsWith("Nothing on the stand has changed."));
         QCOMPARE(filesIn("./"), before);
     }
+
+    void otherSongs_areThoseWithOtherTitles()
+    {
+        const TestFolder folder;
+        putOwn();
+        put(there + "archivio.js", archiveOf({"ONE |||", "Other|||", "|||", "Third|||"}));
+        QStringList others;
+        for (const OtherSong &song : otherSongsOn(lookAtStand("stand")))
+            others += QString::number(song.number) + song.here + '/' + song.there;
+        QCOMPARE(others, QStringList({"2Two/Other", "4/Third"}));
+    }
 };
 
 QTEST_APPLESS_MAIN(StandCopyTest)
