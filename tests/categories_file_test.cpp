@@ -49,6 +49,7 @@ private slots:
              {"more names", {fileOf("generi", linesOf(allNames().join('|')).repeated(6)), 33, 0}},
              {"no comma behind the last", {whole.chopped(8), 33, 0}},
              {"other line ends", {QByteArray(whole).replace("\r\n", "\n"), 33, 0}},
+             {"line ends of old", {QByteArray(whole).replace("\r\n", "\r"), 33, 0}},
              {"blanks and a remark", {with("\"110\",", "  \"110\", // ten"), 33, 0}},
              {"too few", {fileOfNames(12), 12, 14}},
              {"too few, blank lines", {fileOfNames(12) + QByteArray("\r\n").repeated(99), 12, 14}},

@@ -120,6 +120,7 @@ private slots:
         const QByteArray full = fileOf(a.repeated(998) + b);
         reading(full, playlists);
         QCOMPARE(writePlaylistFile(playlists, "c", "c", "#").kind, Kind::Refused);
+        QVERIFY(writePlaylistFile(playlists, "b", "b", "3,#").ok()); // which needs no more room
         QVERIFY(writePlaylistFileWithout(playlists, "b").ok());
         QVERIFY(writePlaylistFile(playlists, "b", "b", "2,#").ok());
         QCOMPARE(contents(path), full);
