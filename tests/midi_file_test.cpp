@@ -46,7 +46,7 @@ private slots:
             fileOf("midi", block("1", any) + block("12", field + ',' + field + ',' + field));
         put(midiPath(), file);
         MidiTable table;
-        MidiFields fields;
+        MidiFields fields = fieldsOf("9");
         QVERIFY(readMidiFile(table).ok() && collectMidiFields(table, 12, fields) == 1);
         QVERIFY(writeMidiFile(table, 12, fields).ok());
         QCOMPARE(contents(midiPath()), file);
