@@ -43,7 +43,7 @@ private slots:
     {
         const QString any = fromCodePage(everyByte()).remove('|'), field = QString(any).remove(',');
         const QByteArray file =
-            fileOf("midi", block("1", any) + block("12", field + ',' + field + ',' + field));
+            fileOf("midi", block("1", any) + block("12", field + ",2" + field + ",3" + field));
         put(midiPath(), file);
         MidiTable table;
         MidiFields fields = fieldsOf("9");
@@ -59,7 +59,8 @@ private slots:
         const QByteArray before = fileOf("midi", block("012", "1,2,3") + odd + block("12", "4,5,6"));
         QByteArray otherwise = before;
         otherwise.replace("var midi", "midi").replace("];", "]").replace("\r\n", " \n");
-        for (const QByteArray &bytes : {before, otherwise}) {
+        const QByteArray lines = QByteArray(before).replace("\",\r\n\"", "\",\n\""); // those inside alone
+        for (const QByteArray &bytes : {before, otherwise, lines}) {
             MidiTable table;
             put(midiPath(), bytes);
             QVERIFY(readMidiFile(table).ok());
