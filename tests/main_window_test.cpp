@@ -251,6 +251,8 @@ private slots:
         type(window, "Title", "AC DC");
         click(window, "Save");
         QCOMPARE(unviewableRecords(readArchive(contents(path), ownArchive)), (QList<int>{2, 4}));
+        for (const char *title : {"A\r|||1", "A\n|||1"})
+            QCOMPARE(unviewableRecords(readArchive(archiveOf({title}), ownArchive)), QList<int>{1});
     }
 
     void aMinimisedWindow_comesBack()

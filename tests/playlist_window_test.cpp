@@ -186,8 +186,12 @@ private slots:
 
     void down_skipsNoRow()
     {
-        const Playlisting playlisting("\"a\",\"" + QByteArray("1,2,").repeated(400) + "#\",\r\n");
+        const Playlisting playlisting(b + "\"a\",\"" + QByteArray("1,2,").repeated(400) + "#\",\r\n");
         pick(0);
+        list()->setFocus(Qt::TabFocusReason);
+        play({"key Down"});
+        QCOMPARE(list()->selectedRows(), {0}); // a lone row
+        pick(1);
         list()->setFocus(Qt::TabFocusReason);
         list()->scrollToItem(list()->item(300), QAbstractItemView::PositionAtTop);
         play({"key Down"});
@@ -196,6 +200,8 @@ private slots:
             play({"key Del", key});
             QCOMPARE(list()->selectedRows(), {row});
         }
+        play({"key End", "key Del", "key Down"});
+        QCOMPARE(list()->selectedRows(), {796}); // there is none below
     }
 
     void aSave_asksBeforeItDestroys_data()
