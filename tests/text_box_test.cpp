@@ -2,6 +2,7 @@
 #include "support/table.h"
 #include "support/windows.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QToolTip>
 #include <QUrl>
@@ -152,6 +153,16 @@ private slots:
             QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
             QCOMPARE(box.text(), left);
         }
+    }
+
+    void textBox_leavesUndoToTheWindow()
+    {
+        TextBox box(nullptr);
+        QAction undo, redo;
+        box.leaveUndoTo(&undo, &redo);
+        QTest::keyClicks(&box, "a");
+        QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(box.text(), "a");
     }
 
     void textBox_takesNoFiles()
