@@ -31,12 +31,18 @@ stop_screen() {
 
 # window TITLE: the id of the window of exactly this title, as soon as it is there and has the keyboard.
 window() {
-    local id
-    id=$(timeout 30 xdotool search --sync --onlyvisible --name "^${1//./\\.}\$" | tail -n 1)
-    [ -n "$id" ] || { echo "No window \"$1\" appears." >&2; return 1; }
-    timeout 10 xdotool windowactivate --sync "$id" || { echo "The window \"$1\" does not come forward." >&2; return 1; }
-    sleep 0.3
-    echo "$id"
+    local id try
+    for try in {1..60}; do # while one looks, windows come and go
+        id=$(xdotool search --onlyvisible --name "^${1//./\\.}\$" 2>/dev/null | tail -n 1) || true
+        if [ -n "$id" ] && timeout 10 xdotool windowactivate --sync "$id" 2>/dev/null; then
+            sleep 0.3
+            echo "$id"
+            return
+        fi
+        sleep 0.5
+    done
+    echo "No window \"$1\" appears." >&2
+    return 1
 }
 
 # Waits up to ten seconds until a command succeeds.

@@ -38,7 +38,7 @@ struct Refused {
     std::function<bool()> meanwhile = [] {
         return true;
     }; // before the last page is made ready; false ends it
-    rlim_t room = 1'000'000; // for each file
+    qint64 room = 1'000'000; // for each file
 };
 
 // The archive on the disk, empty where there is none and null where it cannot be read, whether there is a
@@ -121,9 +121,9 @@ private slots:
              {"source is swapped", {changed, [] {}, swap}},
              {"archive written", {"Another program has just changed spartiti/archivio.js.", [] {}, writeToo}},
              {"cancelled", {"it was cancelled", [] {}, cancel}},
-             {"disk full", {"File too large", [] {}, [] { return true; }, 20}},
-             {"no room for the archive", {"File too large", [] {}, [] { return true; }, 130}},
-             {"no room for a page", {"File too large", putLargePage, [] { return true; }, 8000}}});
+             {"disk full", {FullDisk::reason(), [] {}, [] { return true; }, 20}},
+             {"no room for the archive", {FullDisk::reason(), [] {}, [] { return true; }, 130}},
+             {"no room for a page", {FullDisk::reason(), putLargePage, [] { return true; }, 8000}}});
     }
     void refused_changesNothing()
     {

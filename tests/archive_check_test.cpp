@@ -12,8 +12,6 @@
 
 #include <functional>
 
-#include <sys/stat.h>
-
 using Change = std::function<void()>;
 using Mend = Mending::Kind;
 
@@ -136,7 +134,7 @@ private slots:
             {"page that is a folder",
              {[] { QDir().mkdir("spartiti/2L.jpg"); }, "Page that cannot be shown: 2L.jpg|2"}},
             {"page that is a pipe",
-             {[] { mkfifo("spartiti/2L.jpg", 0600); }, "Page that cannot be shown: 2L.jpg|2"}},
+             {[] { putPipe("spartiti/2L.jpg"); }, "Page that cannot be shown: 2L.jpg|2"}},
             {"link to nothing",
              {[] { QFile::link("gone.jpg", "spartiti/2L.jpg"); }, "Page that cannot be shown: 2L.jpg|2"}},
             {"recordings in no folder",

@@ -7,8 +7,6 @@
 #include <QImageWriter>
 #include <QPainter>
 
-#include <sys/stat.h>
-
 // A picture of a red left and a blue right half.
 static QByteArray halves(QSize size, const char *format, bool progressive = false)
 {
@@ -84,7 +82,7 @@ private slots:
     void decodePage_showsWhatCanBeShown()
     {
         const auto [file, topRight] = tableRow<Shown>();
-        file.isNull() ? (void)mkfifo("1L.jpg", 0600) : put("1L.jpg", file);
+        file.isNull() ? (void)putPipe("1L.jpg") : put("1L.jpg", file);
         const QImage image = decodePage("1L.jpg", {329, 281});
         QCOMPARE(image.size(), topRight.isValid() ? QSize(329, 281) : QSize(0, 0));
         QCOMPARE(canBeShown("1L.jpg"), topRight.isValid());

@@ -1,5 +1,7 @@
 #include "browse/drive_list.h"
 
+#include "files/platform.h"
+
 #include <QDir>
 #include <QStorageInfo>
 
@@ -52,8 +54,11 @@ void DriveList::readDrives()
 {
     const QString before = drive();
     clear();
-    for (const QString &drive : knownDrives())
-        addItem(QDir::toNativeSeparators(drive), drive);
+    for (const QString &drive : knownDrives()) {
+        const QString name = driveName(drive);
+        const QString shown = QDir::toNativeSeparators(drive);
+        addItem(name.isEmpty() ? shown : QStringLiteral("%1 (%2)").arg(shown, name), drive);
+    }
     setCurrentIndex(findData(before));
 }
 

@@ -2,9 +2,9 @@
 
 #include <QComboBox>
 
-// Offers the drives that a person would know: the drive letters where there are such, else the root, the
-// home, and removable and network media. It starts on the drive of the working directory, and looks again
-// for drives each time it is opened.
+// Offers the drives that a person would know: the drive letters with their names where there are such, else
+// the root, the home, and removable and network media. It starts on the drive of the working directory, and
+// looks again for drives each time it is opened.
 class DriveList : public QComboBox
 {
     Q_OBJECT

@@ -1,5 +1,6 @@
 #include "browse/folder_list.h"
 
+#include "files/platform.h"
 #include "look/plain_text.h"
 #include "text/alphabetical.h"
 
@@ -9,9 +10,6 @@
 #include <QKeyEvent>
 #include <QStyle>
 #include <QToolTip>
-
-#include <filesystem>
-#include <system_error>
 
 static constexpr int pathRole = Qt::UserRole;
 
@@ -30,20 +28,10 @@ FolderList::FolderList(QWidget *parent)
         setPath(QDir::rootPath());
 }
 
-// Why a folder cannot be entered; empty if it can.
-static QString obstacle(const QString &folder)
-{
-    std::error_code error;
-    const std::filesystem::directory_iterator attempt(QFileInfo(folder).filesystemFilePath(), error);
-    if (!error && !QFileInfo(folder).isExecutable())
-        error = std::make_error_code(std::errc::permission_denied);
-    return error ? QString::fromStdString(error.message()) : QString();
-}
-
 bool FolderList::setPath(const QString &folder)
 {
     const QString path = QDir::cleanPath(QDir(folder).absolutePath());
-    if (const QString reason = obstacle(path); !reason.isEmpty()) {
+    if (const QString reason = obstacleTo(path); !reason.isEmpty()) {
         setToolTip(plainToolTip(
             QStringLiteral("%1 cannot be read: %2").arg(QDir::toNativeSeparators(path), reason)));
         showReason();
@@ -117,7 +105,7 @@ void FolderList::showWay()
 void FolderList::readAgain()
 {
     QString folder = path_;
-    while (!obstacle(folder).isEmpty() && folder != QDir::rootPath())
+    while (!obstacleTo(folder).isEmpty() && folder != QDir::rootPath())
         folder = QFileInfo(folder).path();
     if (folder == path_)
         showWay();

@@ -6,8 +6,8 @@
 
 class QProcess;
 
-// The calls that each operating system has its own name for. Nothing outside this file and its .cpp
-// may ask which system it runs on.
+// The calls that each operating system has its own name for. Nothing outside this file and its two .cpp, one
+// for Windows and one for all others, may ask which system it runs on.
 
 // Waits until what was written to the open file is on the disk itself. False with errno set where the
 // system says that it could not be done.
@@ -30,7 +30,8 @@ bool syncFileSystem(int handle);
 void syncFolder(const QString &folder);
 
 // Puts a file, or a link itself, in place of whatever bears that name, on one disk and in one step. False
-// with errno set where that cannot be done.
+// with errno set where that cannot be done. Where another program can hold a file so that nothing takes its
+// place, it is tried for up to two seconds.
 bool renameOver(const QString &from, const QString &to);
 
 // Gives a file another name, on one disk and in one step. False with errno set where that cannot be done;
@@ -56,6 +57,21 @@ struct FileState {
     qint64 time = 0;
 };
 FileState stateOfFile(const std::filesystem::path &path);
+
+// Why the entries of a folder cannot be listed, in the system's words; empty where they can.
+QString obstacleTo(const QString &folder);
+
+// Whether the system takes no file of this name, given without a folder, or only one that its own programs
+// cannot open.
+bool isForbiddenName(const QString &name);
+
+// What a person has called the drive of this letter ("E:/"); empty where it has no name, no medium, or drives
+// have no letters.
+QString driveName(const QString &drive);
+
+// Where the program is to work, though it may have to make that folder first, since the working directory is
+// nobody's choice but that of a double click: the program's own folder, or the system's. Else empty.
+QString betterWorkingFolder();
 
 // The system's words for the present errno.
 QString systemReason();

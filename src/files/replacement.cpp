@@ -96,6 +96,8 @@ Result Replacement::unwritable(const QString &reason) const
 
 Result Replacement::open()
 {
+    if (isForbiddenName(QFileInfo(place_).fileName()))
+        return unwritable("this system takes no file of such a name");
     if (Result made = makeFolderOf(place_); !made.ok())
         return made;
     const QFileInfo old(place_);

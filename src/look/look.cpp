@@ -26,7 +26,8 @@ QFont verdana(double points)
 
 QFont msSansSerif(double points)
 {
-    return fontOf({"MS Sans Serif", "Sans Serif"}, points);
+    // The bitmaps that Windows has under the plain name cannot be drawn at every size.
+    return fontOf({"Microsoft Sans Serif", "Sans Serif"}, points);
 }
 
 QFont bold(QFont font)

@@ -1,8 +1,11 @@
+#include "files/platform.h"
 #include "look/look.h"
 #include "main/rooms.h"
+#include "window/message_box.h"
 #include "window/small_screen.h"
 
 #include <QApplication>
+#include <QDir>
 
 #include <cstdio>
 #include <cstdlib>
@@ -22,6 +25,17 @@ static void endWithoutDisplay(QtMsgType type, const QMessageLogContext &context,
     std::_Exit(EXIT_FAILURE);
 }
 
+// False where there is none, which a person has been told.
+static bool goToWorkingFolder()
+{
+    const QString better = betterWorkingFolder();
+    if (better.isEmpty() || (QDir().mkpath(better) && QDir::setCurrent(better)))
+        return true;
+    messageBox("Tessaline cannot start: its folder " + QDir::toNativeSeparators(better)
+               + " cannot be made or entered. Start it in a folder of your own.");
+    return false;
+}
+
 int main(int argc, char **argv)
 {
     qInstallMessageHandler(endWithoutDisplay);
@@ -32,6 +46,8 @@ int main(int argc, char **argv)
         app = std::make_unique<QApplication>(argc, argv);
     }
     applyLook(*app);
+    if (!goToWorkingFolder())
+        return EXIT_FAILURE;
     Rooms rooms;
     rooms.start();
     return QApplication::exec();

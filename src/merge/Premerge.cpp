@@ -4,6 +4,7 @@
 #include "browse/drive_list.h"
 #include "browse/file_list.h"
 #include "browse/folder_list.h"
+#include "files/platform.h"
 #include "window/message_box.h"
 
 #include <QLabel>
@@ -42,11 +43,13 @@ void Premerge::build(ControlMaker make)
 
 void Premerge::Drive1_Change()
 {
-    if (Dir1->setPath(Drive1->currentFolder()))
+    const QString folder = Drive1->currentFolder();
+    if (Dir1->setPath(folder))
         return;
     const QString drive = Drive1->currentText();
     Drive1->showDriveOf(Dir1->path());
-    messageBox(QStringLiteral("%1 cannot be read. The lists stay on %2.").arg(drive, Dir1->path()));
+    messageBox(QStringLiteral("%1 cannot be read. The lists stay on %2.\n%3.")
+                   .arg(drive, Dir1->path(), obstacleTo(folder)));
 }
 
 // Ok

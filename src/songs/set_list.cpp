@@ -1,5 +1,7 @@
 #include "songs/set_list.h"
 
+#include "files/platform.h"
+
 #include <QBuffer>
 #include <QPainter>
 #include <QPdfWriter>
@@ -137,5 +139,6 @@ QString setListName(const QString &playlist)
     QString name;
     for (const QChar character : playlist)
         name += QStringView(u"/\\:*?\"<>|").contains(character) ? QChar(u'-') : character;
-    return name.left(100).trimmed() + ".pdf";
+    name = name.left(100).trimmed();
+    return name + (isForbiddenName(name + ".pdf") ? "-.pdf" : ".pdf"); // to Windows, "con" is a device
 }

@@ -5,8 +5,6 @@
 
 #include <QFileInfo>
 
-#include <csignal>
-
 TestFolder::TestFolder()
     : before_(QDir::currentPath())
 {
@@ -70,12 +68,4 @@ QByteArray archiveOf(const QStringList &records)
 void putArchive(const QStringList &records)
 {
     put("spartiti/archivio.js", archiveOf(records));
-}
-
-FullDisk::FullDisk(rlim_t bytes)
-{
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{bytes, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
 }

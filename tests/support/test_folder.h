@@ -10,8 +10,6 @@
 
 #include <optional>
 
-#include <sys/resource.h>
-
 // A fresh folder that is the working directory, with a fresh Module1, for as long as the object lives.
 class TestFolder
 {
@@ -60,9 +58,25 @@ void putArchive(const QStringList &records);
 class FullDisk
 {
 public:
-    explicit FullDisk(rlim_t bytes);
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
+    explicit FullDisk(qint64 bytes);
+    ~FullDisk();
+    static QString reason(); // the system's words for it
 
 private:
-    rlimit before_{};
+    const qint64 before_;
 };
+
+// While it lives the process holds no more files open than these, where the system has such a limit.
+class FewOpenFiles
+{
+public:
+    explicit FewOpenFiles(int files);
+    ~FewOpenFiles();
+
+private:
+    const int before_;
+};
+
+// Makes a thing that is no file and no folder and lets a reader wait, or a folder where the system has no
+// such things.
+bool putPipe(const QString &path);

@@ -89,7 +89,7 @@ void click(const QString &window, const QString &name)
     QTest::mouseClick(clicked, Qt::LeftButton);
 }
 
-void clickWithFullDisk(const QString &window, const QString &name, rlim_t room)
+void clickWithFullDisk(const QString &window, const QString &name, qint64 room)
 {
     const FullDisk disk(room);
     click(window, name);

@@ -58,7 +58,7 @@ void clickFile(const QString &window, const QString &file, Qt::KeyboardModifiers
 void openFolder(const QString &window, const QString &folder);
 void type(const QString &window, const QString &box, const QString &text);
 void press(const QString &window, const QString &name, Qt::Key key, Qt::KeyboardModifiers held = {});
-void clickWithFullDisk(const QString &window, const QString &name, rlim_t room = 0);
+void clickWithFullDisk(const QString &window, const QString &name, qint64 room = 0);
 // Chooses an entry of the main window's menus, by its text or objectName, with clicks on both.
 void chooseMenu(const QString &entry);
 // Chooses in the open menu, or in a menu of that: the entries of these texts, one after the other.

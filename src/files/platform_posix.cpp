@@ -1,68 +1,15 @@
 #include "files/platform.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 
 #include <cerrno>
-#include <system_error>
-
-#ifdef _WIN32
-#include <QDateTime>
-#include <QFileInfo>
-#include <io.h>
-
-bool syncFile(int handle)
-{
-    return _commit(handle) == 0;
-}
-
-void beginSync(int) { }
-
-void forgetCached(int) { }
-
-bool syncFileSystem(int)
-{
-    return false;
-}
-
-void syncFolder(const QString &) { }
-
-bool renameOver(const QString &from, const QString &to)
-{
-    std::error_code failure;
-    std::filesystem::rename(from.toStdWString(), to.toStdWString(), failure);
-    errno = failure.default_error_condition().value();
-    return !failure;
-}
-
-bool renameOverNothing(const QString &from, const QString &to)
-{
-    return _wrename(from.toStdWString().c_str(), to.toStdWString().c_str()) == 0;
-}
-
-bool isMissing(const QString &path)
-{
-    return _waccess(path.toStdWString().c_str(), 0) != 0 && errno == ENOENT;
-}
-
-bool isNothingThere(const QString &path)
-{
-    return isMissing(path);
-}
-
-void limitMemory(QProcess &, qint64) { }
-
-FileState stateOfFile(const std::filesystem::path &path)
-{
-    const QFileInfo file(path);
-    const QDateTime changed = file.fileTime(QFileDevice::FileModificationTime);
-    return file.isFile() ? FileState{file.size(), changed.toMSecsSinceEpoch()} : FileState();
-}
-#else
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 bool syncFile(int handle)
@@ -164,7 +111,30 @@ FileState stateOfFile(const std::filesystem::path &path)
         return {};
     return {qint64{found.st_size}, qint64{found.st_mtim.tv_sec} * 1000 + found.st_mtim.tv_nsec / 1'000'000};
 }
-#endif
+
+QString obstacleTo(const QString &folder)
+{
+    std::error_code error;
+    const std::filesystem::directory_iterator attempt(QFileInfo(folder).filesystemFilePath(), error);
+    if (!error && !QFileInfo(folder).isExecutable())
+        error = std::make_error_code(std::errc::permission_denied);
+    return error ? QString::fromStdString(error.message()) : QString();
+}
+
+bool isForbiddenName(const QString &)
+{
+    return false;
+}
+
+QString driveName(const QString &)
+{
+    return {};
+}
+
+QString betterWorkingFolder()
+{
+    return {};
+}
 
 QString systemReason()
 {
