@@ -58,7 +58,7 @@ SectionEnd
 Section "Uninstall"
   Delete "$SMPROGRAMS\Tessaline.lnk"
   Delete "$DESKTOP\Tessaline.lnk"
-  !include "${LIST}"
+  !include /CHARSET=UTF8 "${LIST}"
   Delete "$INSTDIR\uninstall.exe"
   SetOutPath "$TEMP"
   RMDir "$INSTDIR"
