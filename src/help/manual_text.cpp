@@ -67,9 +67,12 @@ void ManualText::read()
     const int caret = textCursor().position();
     const double place = verticalScrollBar()->value() / qMax(1.0, double(verticalScrollBar()->maximum()));
     widthRead_ = viewport()->width();
-    setMarkdown(QString::fromUtf8(file.readAll()));
-    document()->setDocumentMargin(marginOfText);
-    layOut(*document());
+    auto *text = new QTextDocument(this); // until it is shown, its places are not worked out
+    text->setDefaultFont(font());
+    text->setDocumentMargin(marginOfText);
+    text->setMarkdown(QString::fromUtf8(file.readAll()));
+    layOut(*text);
+    setDocument(text);
     QTextCursor cursor = textCursor();
     cursor.setPosition(qMin(caret, document()->characterCount() - 1));
     setTextCursor(cursor);
