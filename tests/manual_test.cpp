@@ -6,6 +6,7 @@
 #include <QDirIterator>
 #include <QMenu>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -207,6 +208,9 @@ private slots:
         QCOMPARE(text->textCursor().position(), first);
         type("Manual", "Search", "saxophone");
         QCOMPARE(textOf("Manual", "found"), QString("Not in the manual"));
+        const int place = text->verticalScrollBar()->value();
+        press("Manual", "Search", Qt::Key_PageUp);
+        QVERIFY(text->verticalScrollBar()->value() < place);
     }
 };
 

@@ -2,9 +2,14 @@
 
 #include "help/manual_text.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 ManualWindow::ManualWindow()
     : LayoutWindow("manual", "Manual", {860, 720})
@@ -39,6 +44,16 @@ void ManualWindow::showChapter(const QString &anchor)
     comeForward(); // the place of a heading depends on the width
     text_->showHeading(anchor);
     tellFound(true);
+}
+
+// In the search line they mean nothing.
+void ManualWindow::keyPressEvent(QKeyEvent *event)
+{
+    static constexpr int ofText[] = {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown};
+    if (std::ranges::find(ofText, event->key()) != std::end(ofText))
+        QCoreApplication::sendEvent(text_->verticalScrollBar(), event);
+    else
+        LayoutWindow::keyPressEvent(event);
 }
 
 void ManualWindow::searchOn()

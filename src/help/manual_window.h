@@ -17,6 +17,9 @@ public:
     // manual lacks shows its beginning.
     void showChapter(const QString &anchor);
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     // From the caret on, then from the beginning.
     void searchOn();
