@@ -282,7 +282,7 @@ private slots:
 
     void theCloseBox_asksOnlyWhereSomethingWasChanged()
     {
-        const Program program;
+        const Program program(archiveOf({"One|||0"}), {Answer::Yes});
         QTimer::singleShot(0, [] { windowNamed(window)->close(); });
         QCOMPARE(QApplication::exec(), 0);
         QCOMPARE(program.told, QStringList());
