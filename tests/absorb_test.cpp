@@ -108,7 +108,10 @@ private slots:
         };
         const auto cancel = [] { return false; };
         const auto damage = [] { Module1.archiveRefusal = "It is damaged."; };
-        const auto fill = [] { Module1.recCount = 9998; };
+        const auto fill = [] {
+            Module1.recCount = 9998;
+            QVERIFY(checkAppend(1).ok());
+        };
         const auto putLargePage = [] { put(pagePath(2, Page::Right, other), QByteArray(9000, 'x')); };
         const QString gone = "/spartiti/archivio.js is no longer there.";
         const QString changed = " has changed since it was listed.";
