@@ -15,11 +15,6 @@
 
 #include <cstdlib>
 
-static void putCategories()
-{
-    put("spartiti/generi.js", "var generi = [\r\n" + QByteArray("\"Waltz\",\r\n").repeated(33) + " ];\r\n");
-}
-
 static void openEmptyWindow()
 {
     QWidget window;
@@ -29,7 +24,7 @@ static void openEmptyWindow()
         widget->setGeometry(k % 6 * 150, k / 6 * 60, 140, 50);
     };
     for (int k = 0; k < 34; k += 1)
-        place(new QPushButton("Waltz"), k);
+        place(new QPushButton("Rock"), k);
     for (int k = 34; k < 37; k += 1)
         place(new QLabel("text"), k);
     place(new QListWidget, 37);
