@@ -60,7 +60,8 @@ std::optional<Unsaved> unsavedOf(const QByteArray &bytes)
     const qsizetype lineEnd = bytes.indexOf('\n');
     if (lineEnd < 0 || !bytes.endsWith("}\n"))
         return std::nullopt;
-    const QByteArray text = bytes.sliced(lineEnd + 1).chopped(1);
+    QByteArray text = bytes.sliced(lineEnd + 1);
+    text.chop(1);
     if (checksum(text) != bytes.first(lineEnd))
         return std::nullopt;
     const QJsonObject all = QJsonDocument::fromJson(text).object();
