@@ -68,7 +68,9 @@ static Result readPlaylists(const QString &path, Entries &entries)
     const Result read = readPlaylistFile(playlists, path);
     for (int i = 1; i <= playlists.count(); i += 1) {
         const QString &name = playlists.playlistName[static_cast<size_t>(i)];
-        entries[{0, name}] = {0, name, {playlists.playlistSongs[static_cast<size_t>(i)].chopped(1)}};
+        QString songs = playlists.playlistSongs[static_cast<size_t>(i)];
+        songs.chop(1);
+        entries[{0, name}] = {0, name, {songs}};
     }
     return read;
 }
