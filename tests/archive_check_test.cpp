@@ -4,7 +4,6 @@
 #include "support/table.h"
 #include "support/test_folder.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -21,9 +20,7 @@ static QByteArray picture()
 {
     QImage sheet(20, 30, QImage::Format_Grayscale8);
     sheet.fill(Qt::white);
-    QBuffer bytes;
-    sheet.save(&bytes, "jpg");
-    return bytes.data();
+    return encoded(sheet, "jpg");
 }
 
 static QByteArray categories(int count)

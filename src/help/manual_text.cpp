@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QImage>
+#include <QPointer>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextList>
@@ -72,7 +73,9 @@ void ManualText::read()
     text->setDocumentMargin(marginOfText);
     text->setMarkdown(QString::fromUtf8(file.readAll()));
     layOut(*text);
+    const QPointer<QTextDocument> before = document();
     setDocument(text);
+    delete before; // where that has not gone by itself, as the first one does
     QTextCursor cursor = textCursor();
     cursor.setPosition(qMin(caret, document()->characterCount() - 1));
     setTextCursor(cursor);

@@ -3,6 +3,7 @@
 #include "archive/Module1.h"
 #include "format/code_page.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 
 TestFolder::TestFolder()
@@ -15,6 +16,14 @@ TestFolder::TestFolder()
 TestFolder::~TestFolder()
 {
     QDir::setCurrent(before_);
+}
+
+QByteArray encoded(const QImage &picture, const char *format, int quality)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, format, quality);
+    return buffer.data();
 }
 
 void put(const QString &path, const QByteArray &bytes)

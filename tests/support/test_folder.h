@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QObject>
 #include <QTemporaryDir>
 #include <QTest>
@@ -33,6 +34,9 @@ private slots:
 private:
     std::optional<TestFolder> folder_;
 };
+
+// The bytes of a picture file; empty where Qt here cannot write the format.
+QByteArray encoded(const QImage &picture, const char *format, int quality = -1);
 
 // Writes a file, making its folder where it is missing.
 void put(const QString &path, const QByteArray &bytes);
