@@ -9,17 +9,6 @@ using Kind = Result::Kind;
 static const QString path = "spartiti/archivio.js";
 static const QStringList threeRecords = {"A song|An author|two tags|0", "Für Elise, so gut||  |3", "|B||33"};
 
-static QStringList recordsInMemory()
-{
-    QStringList records;
-    for (size_t i = 1; i <= static_cast<size_t>(Module1.recCount); i += 1) {
-        const QStringList fields = {Module1.recTitle[i], Module1.recAuthor[i], Module1.recTags[i],
-                                    Module1.recCategory[i]};
-        records += fields.join('|');
-    }
-    return records;
-}
-
 static ArchiveReading readingOf(const QByteArray &file)
 {
     Module1 = {};

@@ -161,12 +161,14 @@ private slots:
             if (i != 120)
                 put(copies[i].source, QByteArray::number(i));
         }
-        const QList<Result> results = [&] {
-            const FewOpenFiles few(160);
-            return copyFiles(copies);
-        }();
+        qsizetype most = 0; // of those that lie beside their places, which are open
+        const QList<Result> results = copyFiles(copies, [&](int, int) {
+            most = qMax(most, namesIn("to").filter(".").size());
+            return true;
+        });
+        QVERIFY(most < 160);
         for (int i = 0; i < 450; i += 1) {
-            QCOMPARE(results[i].kind, i == 120 ? Result::Kind::Missing : Result::Kind::Fine);
+            QCOMPARE(results[i].kind, i == 120 ? Kind::Missing : Kind::Fine);
             QCOMPARE(contents(copies[i].target), contents(copies[i].source));
         }
     }

@@ -15,22 +15,7 @@ static Unsaved typed(const QString &title)
     return {1, {{1, SongFields{"One", "", "", "0"}, {title, "", "", "0"}}}};
 }
 
-static QString titleIn(const QString &path)
-{
-    const std::optional<Unsaved> unsaved = readUnsaved(path);
-    return unsaved && !unsaved->songs.isEmpty() ? unsaved->songs.first().is[0] : QString();
-}
-
-// The archive in memory, "title|author|tags|category" each, and what was typed behind it.
-static QStringList songs()
-{
-    QStringList songs;
-    for (size_t n = 1; n <= static_cast<size_t>(Module1.recCount) + 1; n += 1)
-        songs +=
-            QStringList{Module1.recTitle[n], Module1.recAuthor[n], Module1.recTags[n], Module1.recCategory[n]}
-                .join('|');
-    return songs;
-}
+static const QString first = "kept/unsaved-1.json";
 
 // What was typed, over an archive that may have changed since.
 struct Case {
@@ -41,60 +26,59 @@ struct Case {
     bool isTold = false;
 };
 
-class HistoryRecoveryTest : public QObject
+class HistoryRecoveryTest : public FolderTest
 {
     Q_OBJECT
 private slots:
     void aChange_isWrittenSoonAfterTheLastAndNotLongAfterTheFirst()
     {
-        const TestFolder folder;
         QVERIFY(QDir().mkdir("kept"));
+        const auto isKept = [] { return QFileInfo::exists(first); };
         bool mayWrite = true;
         Recovery recovery(
             "kept", [] { return typed("Typed"); }, [&] { return mayWrite; }, {100, 400});
         recovery.note(); // before it has begun nothing is kept
         recovery.begin();
         QTest::qWait(150);
-        QVERIFY(!QFileInfo::exists("kept/unsaved-1.json"));
+        QVERIFY(!isKept());
         QElapsedTimer since;
         since.start();
-        while (!QFileInfo::exists("kept/unsaved-1.json") && since.elapsed() < 5000) {
+        while (!isKept() && since.elapsed() < 5000) {
             recovery.note();
             QTest::qWait(20);
         }
         QVERIFY2(since.elapsed() >= 300 && since.elapsed() < 2000,
                  qPrintable(QString::number(since.elapsed())));
-        QCOMPARE(titleIn("kept/unsaved-1.json"), "Typed");
+        QCOMPARE(readUnsaved(first), typed("Typed"));
         recovery.forget();
-        QVERIFY(!QFileInfo::exists("kept/unsaved-1.json"));
+        QVERIFY(!isKept());
         mayWrite = false;
         recovery.note();
         QTest::qWait(300);
-        QVERIFY(!QFileInfo::exists("kept/unsaved-1.json"));
+        QVERIFY(!isKept());
         mayWrite = true;
-        QTRY_COMPARE(titleIn("kept/unsaved-1.json"), "Typed");
+        QTRY_VERIFY(isKept());
     }
 
     void whatAnotherProgramLeft_isNeverWrittenOver()
     {
-        const TestFolder folder;
         const auto left = bytesOf(typed("Left"));
-        put("kept/unsaved-1.json", left);
+        put(first, left);
         put("kept/running-1.lock", ""); // killed before it could write its name there
         put("kept/running-2.lock", "999999999\ntessaline\n\n"); // of a program that runs no longer
         Recovery recovery("kept", [] { return typed("Mine"); });
         recovery.begin();
         QVERIFY(recovery.canKeep() && !recovery.isSecond());
-        QCOMPARE(recovery.leftBehind(), QStringList{"kept/unsaved-1.json"});
+        QCOMPARE(recovery.leftBehind(), QStringList{first});
         recovery.note();
         QVERIFY(recovery.write());
-        QCOMPARE(contents("kept/unsaved-1.json"), left);
-        QCOMPARE(titleIn("kept/unsaved-2.json"), "Mine");
+        QCOMPARE(contents(first), left);
+        QCOMPARE(contents("kept/unsaved-2.json"), bytesOf(typed("Mine")));
         Recovery second("kept", [] { return Unsaved(); });
         second.begin();
         QVERIFY(second.isSecond() && second.canKeep());
-        QCOMPARE(second.leftBehind(), QStringList{"kept/unsaved-1.json"});
-        QVERIFY(second.takeOver("kept/unsaved-1.json"));
+        QCOMPARE(second.leftBehind(), QStringList{first});
+        QVERIFY(second.takeOver(first));
         QCOMPARE(namesIn("kept").filter("unsaved"), QStringList{"unsaved-2.json"});
     }
 
@@ -146,18 +130,17 @@ private slots:
     void puttingBack_changesOnlyWhatIsAsItWas()
     {
         const auto row = tableRow<Case>();
-        const TestFolder folder;
         putArchive(row.archive);
         (void)loadArchive();
         Edits edits;
         edits.loaded();
         const PutBack put = putBack({row.count, {row.song}}, edits);
-        QCOMPARE(songs(), row.then);
+        QCOMPARE(recordsInMemory(1), row.then);
         QCOMPARE(put.changedMeanwhile, row.isTold ? QList{row.song.record} : QList<int>());
         QCOMPARE(edits.stack().count(), put.records.size()); // no step where nothing was put back
         edits.stack().undo();
         for (qsizetype i = 0; i < Module1.recCount; i += 1)
-            QCOMPARE(songs()[i].section('|', 0, 0), row.archive.value(i).section('|', 0, 0));
+            QCOMPARE(recordsInMemory()[i].section('|', 0, 0), row.archive.value(i).section('|', 0, 0));
     }
 };
 

@@ -33,14 +33,6 @@ static QByteArray keptBytes(const Versions &versions)
     return bytes.join(' ');
 }
 
-static qint64 sizeOf(const Versions &versions)
-{
-    qint64 size = 0;
-    for (const Version &version : versions.all())
-        size += QFileInfo(versions.pathOf(version)).size();
-    return size;
-}
-
 // The stretch of which only the last of a data file stays: each for itself, a day, or a month.
 static QString stretchOf(const QDateTime &time, const QDateTime &now)
 {
@@ -50,11 +42,6 @@ static QString stretchOf(const QDateTime &time, const QDateTime &now)
                                                             : "yyyyMM");
 }
 
-struct Year {
-    QString path;
-    qint64 limit = 1'000'000;
-};
-
 // What was done to the place of the versions or to the file, and in how many places its bytes then lie.
 struct Place {
     std::function<void()> prepare;
@@ -62,46 +49,41 @@ struct Place {
     QString versions = "kept";
 };
 
-class HistoryTest : public QObject
+class HistoryTest : public FolderTest
 {
     Q_OBJECT
 private slots:
     void aYearOfAThousandReplacements_leavesWhatTheRuleSays_data()
     {
-        tableOf<Year>({
-            {"the archive", {archive}},
-            {"the archive, and little room", {archive, 1000}},
-            {"a page", {pagePath(1, Page::Left)}},
-            {"a recording, and little room", {recordingPath(1), 3000}},
-        });
+        tableOf<std::pair<QString, qint64>>({{"the archive", {archive, 1'000'000}},
+                                             {"the archive, and little room", {archive, 1000}},
+                                             {"a page", {pagePath(1, Page::Left), 1'000'000}},
+                                             {"a recording, and little room", {recordingPath(1), 3000}}});
     }
     void aYearOfAThousandReplacements_leavesWhatTheRuleSays()
     {
-        const auto row = tableRow<Year>();
-        const TestFolder folder;
-        const bool isData = row.path == archive;
+        const auto [path, limit] = tableRow<std::pair<QString, qint64>>();
+        const bool isData = path == archive;
         QDateTime now = QDateTime({2025, 11, 23}, {0, 0}).toUTC();
-        Versions versions(
-            "kept", [&now] { return now; },
-            {isData ? row.limit : 0, isData ? 0 : row.limit}); // the other kind has no room at all
-        put(row.path, "first");
+        Versions versions("kept", [&now] { return now; },
+                          {isData ? limit : 0, isData ? 0 : limit}); // the other kind has no room at all
+        put(path, "first");
         QList<QDateTime> times;
         for (int i = 1; i <= 1000; i += 1) {
             now = now.addSecs(365 * day / 1000);
             times += now;
-            versions.keep(row.path);
-            QVERIFY(QFile::remove(row.path)); // a safe write would wait for the disk each time
-            put(row.path, QByteArray(100, 'x'));
-            versions.settle(row.path, true);
-            QVERIFY(i % 10 > 0 || sizeOf(versions) <= row.limit);
+            versions.keep(path);
+            QVERIFY(QFile::remove(path)); // a safe write would wait for the disk each time
+            put(path, QByteArray(100, 'x'));
+            versions.settle(path, true);
+            QVERIFY(i % 10 > 0 || versions.all().size() * 100 <= limit);
         }
-        QList<QDateTime> stay;
-        for (qsizetype i = 999; i >= 0 && (stay.size() + 1) * 100 <= row.limit; i -= 1) {
+        QList<QDateTime> stay, kept;
+        for (qsizetype i = 999; i >= 0 && (stay.size() + 1) * 100 <= limit; i -= 1) {
             const bool isLast = i == 999 || stretchOf(times[i], now) != stretchOf(times[i + 1], now);
             if (isData ? isLast : times[i].secsTo(now) < 90 * day)
                 stay += times[i];
         }
-        QList<QDateTime> kept;
         for (const Version &version : versions.all())
             kept += version.until;
         QCOMPARE(kept, stay);
@@ -119,8 +101,7 @@ private slots:
         const auto link = [](const char *to, const char *name) {
             QVERIFY(QFile::link(QDir::current().filePath(to), name));
         };
-        const QString otherDisk =
-            QStringLiteral("/dev/shm/tessaline-%1").arg(QCoreApplication::applicationPid());
+        const QString otherDisk = "/dev/shm/tessaline-" + QString::number(QCoreApplication::applicationPid());
         tableOf<Place>({
             {"on the same disk", {[] {}}},
             {"on another disk", {[] {}, 1, otherDisk}},
@@ -133,7 +114,6 @@ private slots:
     void whatIsReplaced_isKeptWhereverItLies()
     {
         const auto row = tableRow<Place>();
-        const TestFolder folder;
         if (row.versions != "kept" && !QDir("/dev/shm").exists())
             QSKIP("there is no other disk");
         Versions versions(row.versions);
@@ -183,7 +163,6 @@ private slots:
     void aSpoiltFolder_harmsNothing()
     {
         const auto row = tableRow<Place>();
-        const TestFolder folder;
         QDateTime now = QDateTime::currentDateTimeUtc();
         Versions versions(row.versions, [&now] { return now; });
         QVERIFY(replaceKeeping(versions, archive, "one") && replaceKeeping(versions, archive, "two"));
@@ -200,7 +179,6 @@ private slots:
 
     void keptFolder_isKnownAgainWhereverTheDataFolderGoes()
     {
-        const TestFolder folder;
         qputenv("XDG_DATA_HOME", QFile::encodeName(QDir::current().filePath("share")));
         QVERIFY(QDir().mkpath("stand/spartiti") && QDir().mkpath("other/spartiti"));
         QVERIFY(QFile::link("stand", "link"));

@@ -6,39 +6,29 @@
 #include <utility>
 
 // Returns the limit that held before.
-static rlim_t setLimit(__rlimit_resource resource, rlim_t number)
+static qint64 setLargestFile(qint64 bytes)
 {
     rlimit limit{};
-    getrlimit(resource, &limit);
-    const rlim_t before = std::exchange(limit.rlim_cur, number);
-    setrlimit(resource, &limit);
-    return before;
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlim_t before = std::exchange(limit.rlim_cur, static_cast<rlim_t>(bytes));
+    setrlimit(RLIMIT_FSIZE, &limit);
+    return static_cast<qint64>(before);
 }
 
 FullDisk::FullDisk(qint64 bytes)
-    : before_(static_cast<qint64>(setLimit(RLIMIT_FSIZE, static_cast<rlim_t>(bytes))))
+    : before_(setLargestFile(bytes))
 {
     std::signal(SIGXFSZ, SIG_IGN);
 }
 
 FullDisk::~FullDisk()
 {
-    setLimit(RLIMIT_FSIZE, static_cast<rlim_t>(before_));
+    setLargestFile(before_);
 }
 
 QString FullDisk::reason()
 {
     return "File too large";
-}
-
-FewOpenFiles::FewOpenFiles(int files)
-    : before_(static_cast<int>(setLimit(RLIMIT_NOFILE, static_cast<rlim_t>(files))))
-{
-}
-
-FewOpenFiles::~FewOpenFiles()
-{
-    setLimit(RLIMIT_NOFILE, static_cast<rlim_t>(before_));
 }
 
 bool putPipe(const QString &path)

@@ -59,13 +59,6 @@ QString FullDisk::reason()
     return qt_error_string(ERROR_DISK_FULL);
 }
 
-FewOpenFiles::FewOpenFiles(int)
-    : before_(0)
-{
-}
-
-FewOpenFiles::~FewOpenFiles() = default;
-
 bool putPipe(const QString &path)
 {
     return QDir().mkdir(path);

@@ -78,3 +78,14 @@ void putArchive(const QStringList &records)
 {
     put("spartiti/archivio.js", archiveOf(records));
 }
+
+QStringList recordsInMemory(int behind)
+{
+    QStringList records;
+    for (size_t n = 1; n <= static_cast<size_t>(Module1.recCount + behind); n += 1) {
+        const QStringList fields = {Module1.recTitle[n], Module1.recAuthor[n], Module1.recTags[n],
+                                    Module1.recCategory[n]};
+        records += fields.join('|');
+    }
+    return records;
+}

@@ -56,6 +56,8 @@ QByteArray fileOf(const QByteArray &array, const QByteArray &lines);
 QByteArray archiveOf(const QStringList &records);
 // Writes spartiti/archivio.js of these records.
 void putArchive(const QStringList &records);
+// The records of Module1 in the same way, and as many of those behind them.
+QStringList recordsInMemory(int behind = 0);
 
 // While it lives no file of the process grows beyond so many bytes: a full disk, for any user. A limit
 // of 0 lets nothing be written.
@@ -68,17 +70,6 @@ public:
 
 private:
     const qint64 before_;
-};
-
-// While it lives the process holds no more files open than these, where the system has such a limit.
-class FewOpenFiles
-{
-public:
-    explicit FewOpenFiles(int files);
-    ~FewOpenFiles();
-
-private:
-    const int before_;
 };
 
 // Makes a thing that is no file and no folder and lets a reader wait, or a folder where the system has no
