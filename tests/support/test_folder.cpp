@@ -4,6 +4,7 @@
 #include "format/code_page.h"
 
 #include <QBuffer>
+#include <QDirIterator>
 #include <QFileInfo>
 
 TestFolder::TestFolder()
@@ -44,6 +45,18 @@ QStringList namesIn(const QString &folder)
 {
     const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
     return QDir(folder).entryList(all, QDir::Name);
+}
+
+QStringList filesBelow(const QString &folder)
+{
+    QStringList files;
+    const auto all = QDir::Files | QDir::Hidden;
+    for (QDirIterator entries(folder, all, QDirIterator::Subdirectories); entries.hasNext();) {
+        const QString path = entries.next();
+        files += path.mid(folder.size() + 1) + ": " + QString::fromLatin1(contents(path));
+    }
+    files.sort();
+    return files;
 }
 
 QByteArray linesOf(const QString &fields)

@@ -45,6 +45,9 @@ QByteArray contents(const QString &path);
 // The names in a folder, hidden ones too, sorted.
 QStringList namesIn(const QString &folder);
 
+// All files below a folder, hidden ones too, each "name: bytes", in the order of their names.
+QStringList filesBelow(const QString &folder);
+
 // All bytes that a field can hold: 256 but for the double quote.
 QByteArray everyByte();
 
