@@ -9,7 +9,7 @@ static constexpr size_t boxes = 3;
 static constexpr size_t category = 3;
 static const std::array<QString, boxes> boxNames = {"Text2", "Text3", "Text4"};
 
-// A song as the model has it.
+// A song as the model has it; of no category, its number is empty.
 using Song = std::array<QString, boxes + 1>;
 
 struct Model {
@@ -22,19 +22,19 @@ struct Model {
         int run; // steps of typing are one while nothing else was done
     };
 
-    QList<Song> songs{{}}; // the first is never used; one more than there are, for what is typed behind them
-    int count = 0;
-    int shown = 0;
-    int last = 0; // how far one can browse
+    QList<Song> songs = QList<Song>{{}, {"a"}, {"b"}, {"c"}} + QList<Song>(100); // the first is never used
+    int count = 3;
+    int shown = 3;
+    int last = 4; // how far one can browse
     QList<Step> steps;
     qsizetype done = 0; // how many of the steps are not undone
     int run = 0;
 
-    void put(size_t field, QList<int> changed, const std::function<QString(QString)> &change, int ofRun)
+    void put(size_t field, QList<int> changed, const QString &text, int ofRun)
     {
         const QList<Song> before = songs;
         for (const int n : changed)
-            songs[n][field] = change(songs[n][field]);
+            songs[n][field] = text;
         changed.removeIf([&](int n) { return songs[n] == before[n]; });
         if (changed.isEmpty())
             return;
@@ -59,11 +59,9 @@ struct Model {
     {
         if (undo ? done == 0 : done == steps.size())
             return;
-        done -= undo ? 1 : 0;
-        const Step &step = steps[done];
-        done += undo ? 0 : 1;
-        for (const int n : step.changed)
-            songs[n][step.field] = (undo ? step.before : step.after)[n][step.field];
+        const Step &step = steps[undo ? done - 1 : done];
+        done += undo ? -1 : 1;
+        songs = undo ? step.before : step.after;
         shown = step.changed.contains(shown) ? shown : step.changed[0];
         run += 1;
     }
@@ -72,26 +70,13 @@ struct Model {
         if (songs[count][0].isEmpty())
             return;
         count += 1;
-        if (songs.size() <= count)
-            songs += Song{};
         shown = last = count;
         run += 1;
     }
-    // What a step is called in the menu.
-    QString undoText() const
-    {
-        static const QStringList names{"title", "author", "tags", "category"};
-        if (done == 0)
-            return {};
-        const Step &step = steps[done - 1];
-        const qsizetype many = step.changed.size();
-        return names[static_cast<int>(step.field)] + " of "
-            + (many == 1 ? QString::number(step.changed[0]) : QString::number(many) + " songs");
-    }
-    QStringList records() const
+    QStringList records(int to) const
     {
         QStringList records;
-        for (int n = 1; n <= count; n += 1)
+        for (int n = 1; n <= to; n += 1)
             records += QStringList(songs[n].begin(), songs[n].end()).join('|')
                 + (songs[n][category].isEmpty() ? "0" : "");
         return records;
@@ -108,10 +93,7 @@ private slots:
         Program program(archiveOf({"a|||0", "b|||0", "c|||0"}));
         songs::open();
         Model model;
-        model.songs = {{}, {"a", "", "", "0"}, {"b", "", "", "0"}, {"c", "", "", "0"}, {}};
-        model.count = model.shown = 3;
-        model.last = 4;
-        onDisk_ = model.records();
+        onDisk_ = model.records(model.count);
         random_.seed(tableRow<unsigned>());
         for (int step = 1; step <= 700; step += 1) {
             play(model);
@@ -135,8 +117,7 @@ private:
         if (kind < 8) {
             type(form, boxNames[box], text);
             for (qsizetype typed = 1; typed <= text.size(); typed += 1)
-                model.put(
-                    box, {model.shown}, [&](auto) { return text.first(typed); }, model.run);
+                model.put(box, {model.shown}, text.first(typed), model.run);
         } else if (kind < 12) {
             const bool isUp = below(2) == 0;
             press(form, boxNames[box], isUp ? Qt::Key_PageUp : Qt::Key_PageDown);
@@ -152,25 +133,21 @@ private:
             model.add();
         } else if (kind == 19) {
             click(form, "Command1");
-            onDisk_ = model.records();
-            for (int n = 1; n <= model.count; n += 1)
-                model.songs[n][category] =
-                    model.songs[n][category].isEmpty() ? "0" : model.songs[n][category];
+            onDisk_ = model.records(model.count);
             model.run += 1;
         } else {
-            playInSongs(model, kind, box, text);
+            playInSongs(model, kind < 22, box, text);
         }
     }
 
-    // Most often a cell is edited, else all from there to another one.
-    void playInSongs(Model &model, unsigned kind, size_t box, const QString &text)
+    // Most often a cell is edited, else the categories from there to another one.
+    void playInSongs(Model &model, bool isOfOne, size_t box, const QString &text)
     {
         waitUntilActive(songs::window);
         const int first = 1 + static_cast<int>(below(static_cast<unsigned>(model.count)));
-        if (kind < 22) {
+        if (isOfOne) {
             songs::editCell(first - 1, static_cast<int>(box) + 1, text);
-            return model.put(
-                box, {first}, [&](auto) { return text; }, Model::atOnce);
+            return model.put(box, {first}, text, Model::atOnce);
         }
         QList<int> chosen;
         for (int n = first; n <= qMin(first + 2, model.count); n += 1)
@@ -178,17 +155,8 @@ private:
         songs::table()->setFocus();
         songs::clickCell(chosen.first() - 1, 0);
         songs::clickCell(chosen.last() - 1, 0, Qt::ShiftModifier);
-        if (kind == 22) {
-            songs::chooseForChosen({"Set the category", QString::number(text.size())});
-            return model.put(
-                category, chosen, [&](auto) { return QString::number(text.size()); }, Model::atOnce);
-        }
-        songs::inDialog([&] { songs::keys(text); });
-        songs::chooseForChosen({"Add a tag…"});
-        const auto tagged = [&](const QString &tags) {
-            return tags.split(' ').contains(text) ? tags : (tags + ' ' + text).trimmed();
-        };
-        model.put(2, chosen, tagged, Model::atOnce);
+        songs::chooseForChosen({"Set the category", QString::number(text.size())});
+        model.put(category, chosen, QString::number(text.size()), Model::atOnce);
     }
 
     void verify(const Model &model, Edits &edits) const
@@ -198,17 +166,18 @@ private:
             QCOMPARE(textOf(form, boxNames[box]), model.songs[model.shown][box]);
         QCOMPARE(Module1.recCount, model.count);
         QCOMPARE(songs::table()->model()->rowCount(), model.count);
-        for (int n = 1; n < model.songs.size(); n += 1) {
-            const auto entry = static_cast<size_t>(n);
-            QCOMPARE((Song{Module1.recTitle[entry], Module1.recAuthor[entry], Module1.recTags[entry],
-                           Module1.recCategory[entry]}),
-                     model.songs[n]);
+        QStringList records;
+        for (size_t n = 1; n <= static_cast<size_t>(model.last); n += 1) {
+            const QString number = Module1.recCategory[n].isEmpty() ? "0" : Module1.recCategory[n];
+            records +=
+                Module1.recTitle[n] + '|' + Module1.recAuthor[n] + '|' + Module1.recTags[n] + '|' + number;
         }
-        QCOMPARE(edits.stack().undoText(), model.undoText());
+        QCOMPARE(records, model.records(model.last));
+        QCOMPARE(edits.stack().index(), model.done);
         QCOMPARE(contents("spartiti/archivio.js"), archiveOf(onDisk_));
         QList<int> unsaved;
         for (int n = 1; n <= model.count; n += 1) {
-            if (model.records()[n - 1] != onDisk_.value(n - 1))
+            if (records[n - 1] != onDisk_.value(n - 1))
                 unsaved += n;
         }
         QCOMPARE(edits.unsavedRecords(), unsaved);
