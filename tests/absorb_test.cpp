@@ -235,17 +235,6 @@ private slots:
                  "belong to it and were given another name:\n"
                  "spartiti/3R.jpg is now spartiti/3R (old 1).jpg");
     }
-
-    void recordings_comeAlsoToAnotherDisk()
-    {
-        putBoth();
-        const QTemporaryDir disk("/dev/shm/XXXXXX");
-        QVERIFY(QFile::link(disk.path(), "spartiti/audio"));
-        put("song.mp3", "song");
-        const AppendReport report = appendSongs({{"Three", "", "", "", {}, {}, {"song.mp3"}}});
-        QCOMPARE(troublesOf(report), QStringList());
-        QCOMPARE(page("audio/3.mp3"), "song");
-    }
 };
 
 QTEST_GUILESS_MAIN(AbsorbTest)

@@ -45,8 +45,9 @@ private slots:
         putCategories();
         put("spartiti/2L.jpg", "no picture");
         put("spartiti/playlist.js", fileOf("playlist", "\"Set\",\"9,#\",\r\n"));
+        type("Form1", "Title", "New");
         chooseMenu("Check the archive…");
-        QCOMPARE(findings().size(), 4);
+        QVERIFY(state().endsWith("What you have changed and not saved was not looked at."));
         QCOMPARE(cell(window, "Findings", 2, 1), "2 Song");
         clickRow(window, "Findings", 2);
         click(window, "Go to");
@@ -54,11 +55,9 @@ private slots:
         clickRow(window, "Findings", 0);
         click(window, "Go to");
         QCOMPARE(control<QComboBox>("Songs", "Show")->currentText(), "Without title");
-        QCOMPARE(textOf("Songs", "count"), "1 of 4 songs");
         clickRow(window, "Findings", 1);
         press(window, "Findings", Qt::Key_Return);
         QCOMPARE(control<QComboBox>("Songs", "Show")->currentText(), "Same title as another");
-        QCOMPARE(textOf("Songs", "count"), "2 of 4 songs");
         clickRow(window, "Findings", 3);
         click(window, "Go to");
         QVERIFY(windowNamed("Playlist Manager"));
@@ -89,14 +88,6 @@ private slots:
             state(),
             "2l.jpg is called 2L.jpg now. midi.js.Xa81bQ is gone. Nothing is wrong: the archive is as the "
             "stand expects it.");
-    }
-
-    void whatIsNotSaved_isSaid()
-    {
-        const Program program;
-        type("Form1", "Title", "New");
-        chooseMenu("Check the archive…");
-        QVERIFY(state().endsWith("What you have changed and not saved was not looked at."));
     }
 };
 

@@ -41,6 +41,8 @@ private slots:
         put("in/c.png", scan("jpg")); // named wrongly
         put("in/r.mp3", "sound");
         put("spartiti/m.jpg", "empty sheet");
+        const QTemporaryDir otherDisk("/dev/shm/XXXXXX");
+        QVERIFY(QFile::link(otherDisk.path(), "spartiti/audio"));
         ComingSong second = song("Third", "in/c.png");
         second.recording = "in/r.mp3";
         second.category = 7;

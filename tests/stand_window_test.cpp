@@ -90,19 +90,6 @@ private slots:
         QVERIFY(state().startsWith("Nothing can be copied. spartiti/archivio.js"));
         QVERIFY(!control(window, "Copy")->isEnabled());
     }
-
-    void failure_saysHowFarItCame()
-    {
-        Program program;
-        put("stand/index.html", {});
-        put("spartiti/1L.jpg", QByteArray(5000, 'x'));
-        chooseMenu("Copy to the stand…");
-        chooseFolder("stand");
-        clickWithFullDisk(window, "Copy", 1000);
-        QVERIFY(program.told.value(0).startsWith("Not all of it was copied.\n"));
-        QVERIFY(program.told.value(0).endsWith("\nNothing on the stand has changed."));
-        QVERIFY(program.boxesOf(window, "Copy").endsWith("You can take it."));
-    }
 };
 
 QTEST_MAIN(StandWindowTest)
