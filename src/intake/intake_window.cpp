@@ -61,6 +61,7 @@ static QComboBox *choice(QHBoxLayout *row, const QString &name, const QStringLis
     box->addItems(texts);
     box->setObjectName(name);
     box->setAccessibleName(name);
+    box->setAccessibleDescription(name); // some screen readers take the text for the name
     auto *label = new QLabel(name);
     label->setBuddy(box);
     row->addWidget(label);
