@@ -140,37 +140,6 @@ private slots:
         QVERIFY2(untold.isEmpty(), qPrintable(untold.join('\n')));
     }
 
-    void f1_opensTheChapterOfTheWindow()
-    {
-        Program program;
-        program.rooms.merging_.show();
-        for (const auto &[entry, name, chapter] : std::initializer_list<std::array<QString, 3>>{
-                 {"", "Form1", "The main window"},
-                 {"", "merging", "Songs of another stand"},
-                 {"Left", "sinistra", "Pages"},
-                 {"Right", "destra", "Pages"},
-                 {"Mp3", "mp3", "Recordings and categories"},
-                 {"Categories…", "categories", "Recordings and categories"},
-                 {"Find a song…", "songs", "Finding songs"},
-                 {"Bring in songs…", "intake", "Bringing in songs"},
-                 {"Playlist Manager", "playlistfrm", "Playlists"},
-                 {"Midi device", "midifrm", "MIDI settings"},
-                 {"Merging", "Premerge", "Songs of another stand"},
-                 {"Earlier versions…", "versions", "Earlier versions"},
-                 {"Check the archive…", "check", "Checking the archive"},
-                 {"Copy to the stand…", "stand", "To the stand"},
-             }) {
-            if (entry.size() > 5)
-                chooseMenu(entry);
-            else if (!entry.isEmpty())
-                click("Form1", entry);
-            waitUntilActive(name);
-            QTest::keyClick(windowNamed(name), Qt::Key_F1);
-            waitUntilActive("Manual");
-            QCOMPARE(shownText()->textCursor().block().text(), chapter);
-        }
-    }
-
     void linksAndPictures_resolve()
     {
         Program program;

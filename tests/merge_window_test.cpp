@@ -45,7 +45,7 @@ static QColor preview()
 
 static void clickTick(int row)
 {
-    clickRow("Merging", "Scores to absorb", row, 10);
+    clickRow("Merging", "Scores to absorb", row, {}, 10);
 }
 
 static QListWidgetItem *line(int row)

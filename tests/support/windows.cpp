@@ -50,20 +50,15 @@ QString textOf(const QString &window, const QString &name)
     return control(window, name)->property("text").toString();
 }
 
-static QStringList rowsOf(const QAbstractItemModel *model, const QModelIndex &parent = {})
-{
-    QStringList rows;
-    for (int row = 0; row < model->rowCount(parent); row += 1) {
-        const QModelIndex index = model->index(row, 0, parent);
-        rows += (index.data(Qt::CheckStateRole) == Qt::Checked ? "+" : "") + index.data().toString();
-        rows += rowsOf(model, index);
-    }
-    return rows;
-}
-
 QStringList shownRows(const QString &window, const QString &list)
 {
-    return rowsOf(control<QAbstractItemView>(window, list)->model());
+    const auto *model = control<QAbstractItemView>(window, list)->model();
+    QStringList rows;
+    for (int row = 0; row < model->rowCount(); row += 1) {
+        const QModelIndex index = model->index(row, 0);
+        rows += (index.data(Qt::CheckStateRole) == Qt::Checked ? "+" : "") + index.data().toString();
+    }
+    return rows;
 }
 
 QString cell(const QString &window, const QString &table, int row, int column)
@@ -95,45 +90,49 @@ void clickWithFullDisk(const QString &window, const QString &name, qint64 room)
     click(window, name);
 }
 
-void clickRow(const QString &window, const QString &list, int row, int x)
+// The place that was clicked, so far to the right within the row.
+static QPoint clickOn(QAbstractItemView *view, const QModelIndex &row, Qt::KeyboardModifiers held = {},
+                      int right = 60)
+{
+    view->scrollTo(row);
+    const QRect whole = view->visualRect(row);
+    const QPoint place(whole.left() + qMin(right, whole.width() / 2), whole.center().y());
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, held, place);
+    return place;
+}
+
+void clickRow(const QString &window, const QString &list, int row, Qt::KeyboardModifiers held, int right)
 {
     auto *view = control<QAbstractItemView>(window, list);
-    view->scrollTo(view->model()->index(row, 0));
-    const QRect place = view->visualRect(view->model()->index(row, 0));
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, {place.left() + x, place.center().y()});
+    clickOn(view, view->model()->index(row, 0), held, right);
 }
 
 void clickCell(const QString &window, const QString &table, int row, int column, Qt::KeyboardModifiers held)
 {
-    auto *view = control<QTableView>(window, table);
-    const QModelIndex cell = view->model()->index(row, column);
-    view->scrollTo(cell);
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, held, view->visualRect(cell).center());
+    auto *view = control<QAbstractItemView>(window, table);
+    clickOn(view, view->model()->index(row, column), held);
 }
 
-// The middle of the last row of that name.
-static QPoint placeOf(QAbstractItemView *list, const QString &name)
+// The last row of that name.
+static QModelIndex rowNamed(const QAbstractItemView *list, const QString &name)
 {
     const auto rows = list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, name, -1,
                                            Qt::MatchExactly | Qt::MatchRecursive);
     if (rows.isEmpty())
         failTest("no row " + name + " in the list " + list->accessibleName());
-    list->scrollTo(rows.constLast());
-    return list->visualRect(rows.constLast()).center();
+    return rows.constLast();
 }
 
-void clickFile(const QString &window, const QString &file, Qt::KeyboardModifiers held)
+void clickFile(const QString &window, const QString &file)
 {
     auto *list = control<QAbstractItemView>(window, "File1");
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, held, placeOf(list, file));
+    clickOn(list, rowNamed(list, file));
 }
 
 void openFolder(const QString &window, const QString &folder)
 {
     auto *list = control<QAbstractItemView>(window, "Dir1");
-    const QPoint place = placeOf(list, folder);
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, clickOn(list, rowNamed(list, folder)));
 }
 
 void type(const QString &window, const QString &box, const QString &text)
@@ -221,8 +220,7 @@ void putPicture(const QString &path, const QColor &colour)
 {
     QImage picture(30, 40, QImage::Format_RGB32);
     picture.fill(colour);
-    if (!QDir().mkpath(QFileInfo(path).path()) || !picture.save(path))
-        failTest("cannot write " + path);
+    put(path, encoded(picture, qPrintable(QFileInfo(path).suffix())));
 }
 
 void putCategories(const QStringList &names, const QString &path)

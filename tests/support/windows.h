@@ -51,10 +51,11 @@ void waitUntilActive(const QString &window);
 // Real clicks: into the middle of a control, into a row of a list, on a file, on a folder to open it.
 // Typing replaces the text of a box. A full disk has so many bytes of room for each file.
 void click(const QString &window, const QString &name);
-void clickRow(const QString &window, const QString &list, int row, int x = 60);
+void clickRow(const QString &window, const QString &list, int row, Qt::KeyboardModifiers held = {},
+              int right = 60);
 void clickCell(const QString &window, const QString &table, int row, int column,
                Qt::KeyboardModifiers held = {});
-void clickFile(const QString &window, const QString &file, Qt::KeyboardModifiers held = {});
+void clickFile(const QString &window, const QString &file);
 void openFolder(const QString &window, const QString &folder);
 void type(const QString &window, const QString &box, const QString &text);
 void press(const QString &window, const QString &name, Qt::Key key, Qt::KeyboardModifiers held = {});
