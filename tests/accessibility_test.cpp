@@ -18,15 +18,12 @@ static const QList<Role> usableRoles{Role::PushButton, Role::EditableText, Role:
 static QString spoken(QWidget *widget)
 {
     const QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(widget);
-    if (!interface || !usableRoles.contains(interface->role()))
-        return widget->objectName() + " (no role)";
+    const Role role = interface->role();
     const QString name = interface->text(QAccessible::Name).simplified();
-    QString all =
-        QStringLiteral("%1: %2").arg(int(interface->role())).arg(name.isEmpty() ? "(no name)" : name);
+    const QString kind = usableRoles.contains(role) ? QString::number(role) : "(no role)";
     // The name of a combo box is its text on some systems, so what it is for must stand beside it.
-    if (interface->role() == Role::ComboBox && interface->text(QAccessible::Description).isEmpty())
-        all += " (no description)";
-    return all;
+    const bool isUnclear = role == Role::ComboBox && interface->text(QAccessible::Description).isEmpty();
+    return kind + ": " + (name.isEmpty() ? "(no name)" : name) + (isUnclear ? " (no description)" : "");
 }
 
 // What a person reaches with the mouse or the keyboard, and the pictures. The parts that Qt makes a control

@@ -57,22 +57,11 @@ static QByteArray lines()
 
 static void pick(int row)
 {
-    QTest::mouseClick(combo(), Qt::LeftButton, {}, QPoint(combo()->width() - 8, 10));
-    QTest::qWait(2 * QApplication::doubleClickInterval()); // until then a click on a row is none
-    const QRect place = combo()->view()->visualRect(combo()->model()->index(row, 0));
-    QTest::mouseMove(combo()->view()->viewport(), place.center());
-    QTest::mouseClick(combo()->view()->viewport(), Qt::LeftButton, {}, place.center());
+    QTest::keyClick(combo(), Qt::Key_Down); // opens the list
+    const QList<Qt::Key> down(row, Qt::Key_Down);
+    for (const Qt::Key key : QList{Qt::Key_Home} + down + QList{Qt::Key_Return})
+        QTest::keyClick(combo()->view(), key);
     waitUntilActive(window);
-}
-
-static void choose(const QList<int> &rows)
-{
-    list()->setFocus();
-    for (const int row : rows) {
-        const QRect place = list()->visualRect(list()->model()->index(row, 0));
-        QTest::mouseClick(list()->viewport(), Qt::LeftButton,
-                          row == rows.first() ? Qt::NoModifier : Qt::ControlModifier, place.center());
-    }
 }
 
 // A step is "pick" with the row of a stored playlist, "title" with that of a title, "choose" with those of
@@ -80,20 +69,18 @@ static void choose(const QList<int> &rows)
 static void play(const QStringList &steps)
 {
     for (const QString &step : steps) {
-        const QStringList parts = step.split(' ');
-        QList<int> rows;
-        for (const QString &row : parts.mid(1))
-            rows += row.toInt();
-        if (parts[0] == "key")
-            QTest::keySequence(QApplication::focusWidget(), QKeySequence(parts[1]));
-        else if (parts[0] == "choose")
-            choose(rows);
-        else if (parts[0] == "pick")
-            pick(rows[0]);
-        else if (parts[0] == "title")
-            clickRow(window, titles, rows[0]);
-        else
+        QStringList rows = step.split(' ');
+        const QString what = rows.takeFirst();
+        if (what == "key")
+            QTest::keySequence(QApplication::focusWidget(), QKeySequence(rows[0]));
+        else if (what == "pick")
+            pick(rows[0].toInt());
+        else if (what != "title" && what != "choose")
             click(window, step);
+        else
+            for (const QString &row : rows)
+                clickRow(window, what == "title" ? titles : songs, row.toInt(),
+                         row == rows[0] ? Qt::NoModifier : Qt::ControlModifier);
     }
 }
 
@@ -107,50 +94,41 @@ static void dragTo(const QString &from, double rowsDown)
     QCoreApplication::processEvents(); // they are taken a moment later
 }
 
-// "pick", "new" after a pick, or nothing; what another program then makes of the file; the name typed, null
-// for none; the answer; how the first box begins; the lines of the file, where the list is saved with
-// song 5.
-using Saving = std::tuple<QString, QByteArray, QString, Answer, QString, QByteArray>;
+// What is done first; what another program then makes of the file; the name under which the list is saved
+// with song 5; the answer; how the first box begins; the lines of the file.
+using Saving = std::tuple<QStringList, QByteArray, QString, Answer, QString, QByteArray>;
 
 class PlaylistWindowTest : public WindowTest
 {
     Q_OBJECT
 private slots:
-    void init() { QApplication::setDoubleClickInterval(10); }
-
     void onlyAChoiceFromTheList_isAPick()
     {
         const Playlisting playlisting(ab + "\"a\",\"3,2,#\",\r\n");
         QTest::keyClicks(combo()->lineEdit(), "a");
         QTest::keyClick(combo(), Qt::Key_Return);
         QCOMPARE(edited(), "|Playlista");
-        QTest::keyClick(combo(), Qt::Key_Down);
-        QTest::keyClick(combo()->view(), Qt::Key_Down);
-        QTest::keyClick(combo()->view(), Qt::Key_Return);
+        pick(1);
         QCOMPARE(edited(), "Álpha|||alpine|b|b");
         pick(0);
         QCOMPARE(edited() + stored(), "beta|Álpha|a|a3: a b a"); // the last of that name
         put(path, fileOf("playlist", c));
-        pick(0); // what is on the disk
-        QCOMPARE(edited(), "beta||a|a");
-        pick(1);
-        QTRY_VERIFY(playlisting.told.join("").startsWith("There is no playlist of this name any more."));
+        play({"pick 0", "pick 1"}); // what is on the disk
         put(path, fileOf("playlist", ab).chopped(12));
         pick(0);
-        QTRY_VERIFY(playlisting.told.last().startsWith("Nothing was changed. spartiti/playlist.js is"));
         QCOMPARE(edited(), "beta||a|a");
+        QVERIFY(playlisting.told.value(0).startsWith("There is no playlist of this name any more."));
+        QVERIFY(playlisting.told.value(1).startsWith("Nothing was changed. spartiti/playlist.js is"));
     }
 
     void adding_takesTheRecordAsItNowStands()
     {
         Playlisting playlisting({});
         QCOMPARE(contents(path), fileOf("playlist", ""));
-        play({"title 3", "ADD"});
         Module1.recTitle[5] = "renamed";
         Module1.recTitle[4] = "not empty";
-        play({"title 2", "ADD"});
         Module1.recNumber[2] = "";
-        play({"title 1", "key Enter"});
+        play({"title 3", "ADD", "title 2", "ADD", "title 1", "key Enter"});
         Module1.recTitle[4] = "";
         play({"title 0", "key Return"});
         type(window, name, "x\"\\");
@@ -167,7 +145,7 @@ private slots:
         QCOMPARE(edited() + stored(), "|Playlist1: x'/");
     }
 
-    void rowsMoveAndGo_withTheirSlots()
+    void rows_moveAreDraggedAndGo_withTheirSlots()
     {
         Playlisting playlisting(ab);
         play({"pick 0", "choose 1 3", "Move up"});
@@ -182,60 +160,44 @@ private slots:
             "Saving the playlist drops 2 songs not in the archive. Do you want to save it all the same?");
         playlisting.save({Answer::Yes});
         QCOMPARE(lines(), "\"a\",\"4,2,5,3,#\",\r\n\"b\",\"2,,,#\",\r\n");
-    }
-
-    void down_skipsNoRow()
-    {
-        const Playlisting playlisting(b + "\"a\",\"" + QByteArray("1,2,").repeated(400) + "#\",\r\n");
-        pick(0);
-        list()->setFocus(Qt::TabFocusReason);
-        play({"key Down"});
-        QCOMPARE(list()->selectedRows(), {0}); // a lone row
-        pick(1);
-        list()->setFocus(Qt::TabFocusReason);
-        list()->scrollToItem(list()->item(300), QAbstractItemView::PositionAtTop);
-        play({"key Down"});
-        QCOMPARE(list()->selectedRows(), {300});
-        for (const auto &[key, row] : {std::pair("key Down", 300), {"key Up", 299}}) {
-            play({"key Del", key});
-            QCOMPARE(list()->selectedRows(), {row});
-        }
-        play({"key End", "key Del", "key Down"});
-        QCOMPARE(list()->selectedRows(), {796}); // there is none below
+        play({"pick 0", "choose 0 1"});
+        dragTo(songs, 3.2); // above the middle of the fourth
+        QCOMPARE(edited(), "alpine||Álpha|beta|a|a");
+        clickRow(window, titles, 2);
+        dragTo(titles, 0);
+        dragTo(songs, 8); // below the last
+        QCOMPARE(edited(), "alpine||Álpha|beta|alpine _5|a|a");
     }
 
     void aSave_asksBeforeItDestroys_data()
     {
-        const QString there = "There is a playlist of this name already. Replace it?", none;
+        const QStringList first = {"pick 0", "choose 0", "Remove"},
+                          anew = first + QStringList("New playlist");
+        const QString done = "Successfully saved";
+        const QString there = "There is a playlist of this name already. Replace it?";
         const QString changed = "This playlist has been changed since it was picked";
         const QString gone = "This playlist has been deleted since it was picked";
         const QByteArray as = "\"a\",\"5,#\",\r\n", bs = "\"b\",\"5,#\",\r\n";
         const QByteArray p = "\"Playlist\",\"3,#\",\r\n", ps = "\"Playlist\",\"5,#\",\r\n";
-        tableOf<Saving>({{"picked", {"pick", b + a, none, enterKey, "Successfully saved", b + as}},
-                         {"changed, yes", {"pick", c + b, none, Answer::Yes, changed, as + b}},
-                         {"changed, Enter", {"pick", c + b, none, enterKey, changed, c + b}},
-                         {"deleted, yes", {"pick", b, none, Answer::Yes, gone, b + as}},
-                         {"deleted, Enter", {"pick", b, none, enterKey, gone, b}},
-                         {"b, yes", {"pick", a + b, "b", Answer::Yes, there, a + bs}},
-                         {"b, Enter", {"pick", a + b, "b", enterKey, there, a + b + bs}},
-                         {"new a", {"new", a + b, "a", Answer::Yes, there, as + b}},
-                         {"the box's text", {none, p, "Playlist", enterKey, there, p + ps}},
-                         {"two", {"pick", c + a, none, enterKey, "There are 2 different", c + a}}});
+        tableOf<Saving>({{"picked", {first, b + a, "a", enterKey, done, b + as}},
+                         {"changed, yes", {first, c + b, "a", Answer::Yes, changed, as + b}},
+                         {"changed, Enter", {first, c + b, "a", enterKey, changed, c + b}},
+                         {"deleted, yes", {first, b, "a", Answer::Yes, gone, b + as}},
+                         {"deleted, Enter", {first, b, "a", enterKey, gone, b}},
+                         {"b, yes", {first, a + b, "b", Answer::Yes, there, a + bs}},
+                         {"b, Enter", {first, a + b, "b", enterKey, there, a + b + bs}},
+                         {"new a", {anew, a + b, "a", Answer::Yes, there, as + b}},
+                         {"the box's text", {{}, p, "Playlist", enterKey, there, p + ps}}});
     }
     void aSave_asksBeforeItDestroys()
     {
-        const auto [begun, others, typed, answer, question, after] = tableRow<Saving>();
-        const bool isTwo = QTest::currentDataTag() == QByteArray("two");
-        Playlisting playlisting(isTwo ? others : a + b);
-        if (!begun.isEmpty())
-            play({"pick 0", "choose 0", "Remove"});
-        if (begun == "new")
-            click(window, "New playlist");
+        const auto [begun, others, typed, answer, told, after] = tableRow<Saving>();
+        Playlisting playlisting(a + b);
+        play(begun);
         put(path, fileOf("playlist", others));
         play({"title 2", "ADD"});
-        if (!typed.isNull())
-            type(window, name, typed);
-        QCOMPARE(playlisting.save({answer}).first(question.size()), question);
+        type(window, name, typed);
+        QCOMPARE(playlisting.save({answer}).first(told.size()), told);
         QCOMPARE(lines(), after);
     }
 
@@ -248,6 +210,7 @@ private slots:
         QCOMPARE(playlisting.told.size(), 3);
         QCOMPARE(lines(), c + "\"a\",\"#\",\r\n");
         pick(0);
+        QVERIFY(playlisting.save({enterKey}).startsWith("There are 2 different playlists of this name"));
         playlisting.meanwhile = [] { put(path, fileOf("playlist", a)); };
         QVERIFY(playlisting.boxesOf(window, "Delete playlist", {Answer::Yes, enterKey})
                     .startsWith("Delete the 2 playlists of the name a?\nThis playlist has been changed"));
@@ -279,65 +242,42 @@ private slots:
         QCOMPARE(lines(), a + "\"new\",\"4,#\",\r\n");
     }
 
-    void undo_takesBackEachStep_alsoBehindASave()
+    void undo_takesBackEachStep_orWhatWasTypedInABox()
     {
         Playlisting playlisting("\"a\",\"1,2,#\",\r\n");
-        play({"title 3", "ADD", "pick 0", "choose 0", "Move down", "New playlist", "title 2", "ADD"});
-        for (const char *shown : {"|a", "Álpha|beta|a|a", "beta|Álpha|a|a", "beta _3||Playlist"}) {
-            play({"key Ctrl+Z"});
-            QCOMPARE(edited(), shown);
-        }
-        play({"key Ctrl+Y", "key Ctrl+Shift+Z"});
-        QCOMPARE(playlisting.save(), "Successfully saved"); // it is the one picked
-        QCOMPARE(lines(), "\"a\",\"2,1,#\",\r\n");
-        play({"key Ctrl+Z"});
-        playlisting.save({Answer::Yes});
-        QCOMPARE(lines(), "\"a\",\"1,2,#\",\r\n");
-    }
-
-    void undo_belongsToTheBoxThatIsTypedIn()
-    {
-        const Playlisting playlisting(a);
         play({"title 3", "ADD"});
-        QTest::mouseClick(control(window, name), Qt::LeftButton);
+        control(window, name)->setFocus();
         play({"key Ctrl+Z", "key x", "key Ctrl+Z"}); // nothing was typed; then an x
-        QCOMPARE(edited(), "beta _3||Playlist");
         combo()->setFocus();
         play({"key x", "key Ctrl+Z"});
         QCOMPARE(edited(), "beta _3||Playlist");
         control(window, name)->setFocus();
         play({"key Ctrl+Y"});
         QCOMPARE(edited(), "beta _3|x|Playlist");
-    }
-
-    void songsAndTitles_areDragged()
-    {
-        const Playlisting playlisting(ab);
-        play({"pick 0", "choose 0 2"});
-        dragTo(songs, 4.2); // above the middle of the fifth
-        QCOMPARE(edited(), "Álpha||beta|beta|alpine|a|a");
-        play({"title 2"});
-        dragTo(titles, 0);
-        QCOMPARE(edited(), "alpine _5|Álpha||beta|beta|alpine|a|a");
-        dragTo(songs, 8); // below the last
-        QCOMPARE(edited(), "Álpha||beta|beta|alpine|alpine _5|a|a");
+        play({"pick 0", "choose 0", "Move down", "New playlist", "title 2", "ADD"});
+        for (const char *shown : {"|a", "Álpha|beta|a|a", "beta|Álpha|a|a", "beta _3|x|Playlist"}) {
+            play({"key Ctrl+Z"});
+            QCOMPARE(edited(), shown);
+        }
+        play({"key Ctrl+Y", "key Ctrl+Shift+Z"});
+        QCOMPARE(playlisting.save(), "Successfully saved"); // it is the one picked
+        play({"key Ctrl+Z"});
+        playlisting.save({Answer::Yes});
+        QCOMPARE(lines(), "\"a\",\"1,2,#\",\r\n");
     }
 
     void moreSongsThanThereIsRoomFor_areRefused()
     {
         const QByteArray many = QByteArray("5,").repeated(1000) + "#\",\r\n";
         Playlisting playlisting("\"a\",\"" + many + "\"b\",\"1," + many);
-        playlisting.rooms.playlistfrm_.addSongs({1, 2, 1});
-        playlisting.rooms.playlistfrm_.addSongs(QList<int>(998, 2));
-        QTRY_COMPARE(playlisting.told.join(""),
-                     "The playlist has room for 997 songs more, and 998 were to be added. None was added.");
+        for (const QList<int> &numbers : {QList{1, 2, 1}, QList<int>(998, 2)})
+            playlisting.rooms.playlistfrm_.addSongs(numbers);
         QCOMPARE(edited(), "beta _1|Álpha _2|beta _1||Playlist");
-        pick(0);
-        QCOMPARE(playlisting.boxesOf(window, "ADD"), "The playlist is full: it holds 1000 songs.");
-        pick(1);
-        pick(1);
-        QTRY_VERIFY(playlisting.told.last().startsWith("This playlist holds 1001 songs"));
+        play({"pick 0", "title 0", "ADD", "pick 1"});
         QCOMPARE(edited(), QString("alpine|").repeated(1000) + "a|a");
+        QCOMPARE(playlisting.told.join('|').section("1001", 0, 0),
+                 "The playlist has room for 997 songs more, and 998 were to be added. None was added.|"
+                 "The playlist is full: it holds 1000 songs.|This playlist holds ");
     }
 
     void whatGoesWrong_harmsNoPlaylist()
