@@ -105,14 +105,10 @@ static int codeOf(const AppendReport &report)
 {
     if (!report.result.ok())
         return 1;
-    const int first = Module1.recCount + 1, second = first + 1;
-    const QStringList files{pagePath(first, Page::Left), pagePath(first, Page::Right),
-                            pagePath(second, Page::Left), pagePath(second, Page::Right),
-                            recordingPath(second)};
     int code = 0;
     for (const FileTrouble &trouble : report.notMade + report.notPlaced + report.notSetAside) {
-        for (int bit = 0; bit < files.size(); bit += 1)
-            code |= trouble.path == shownPath(files[bit]) ? 32 | 1 << bit : 0;
+        const int page = 2 * (trouble.record - Module1.recCount - 1) + trouble.path.endsWith("R.jpg");
+        code |= 32 | 1 << (trouble.path.endsWith(".mp3") ? 4 : page);
     }
     return code;
 }
