@@ -45,6 +45,7 @@ private slots:
         const QByteArray whole = fileOfNames(categoryCount);
         tableOf<Reading>(
             {{"whole", {whole, 33, 0}},
+             {"blank lines at the end", {whole + "\r\n\r\n", 33, 0}},
              {"any head", {with("var generi = [", "x"), 33, 0}},
              {"more names", {fileOf("generi", linesOf(allNames().join('|')).repeated(6)), 33, 0}},
              {"no comma behind the last", {whole.chopped(8), 33, 0}},

@@ -25,20 +25,36 @@ class PagesWindowTest : public WindowTest
 {
     Q_OBJECT
 private slots:
-    void leftBringsTheEmptySheetAndRightAnyName()
+    void leftBringsTheEmptySheet_andTheMainWindowShowsWhatLiesThere()
+    {
+        const Stand stand;
+        const auto shown = [] { return control("Form1", "Left page")->grab().toImage().pixelColor(50, 50); };
+        pick("sinistra", "a.jpg");
+        click("sinistra", "Ok");
+        QCOMPARE(contents("spartiti/3L.jpg") + contents("spartiti/3R.jpg"), stand.bytes + "empty sheet");
+        QCOMPARE(stand.told, QStringList("Perfect! The file was moved to the music folder."));
+        QCOMPARE(contents(stand.scan), stand.bytes);
+        put("spartiti/audio/3.mp3", "song");
+        waitUntilActive("Form1");
+        QVERIFY(shown().green() > 240 && shown().red() < 16 && shown().blue() < 16);
+        QVERIFY(control("Form1", "This song has a recording")->isVisible());
+        click("Form1", "Left");
+        waitUntilActive("sinistra");
+        QFile::remove("spartiti/3L.jpg");
+        waitUntilActive("Form1");
+        QVERIFY(shown() == QColor(Qt::white));
+    }
+
+    void right_takesAnyName_alsoByTheKeys()
     {
         const Stand stand;
         const QString odd = "città €  100 %1 \"&\" <b>" + QString(221, 'x') + ".JPG"; // 255 bytes
         put("scans/" + odd, "odd");
-        pick("sinistra", "a.jpg");
-        click("sinistra", "Command2");
-        QCOMPARE(contents("spartiti/3L.jpg") + contents("spartiti/3R.jpg"), stand.bytes + "empty sheet");
-        pick("destra", odd);
+        pick("destra", "a.jpg");
+        press("destra", "File1", Qt::Key_Down);
         QCOMPARE(textOf("destra", "Label1"), QDir::current().filePath("scans/" + odd));
-        click("destra", "Command2");
+        click("destra", "Ok");
         QCOMPARE(contents("spartiti/3R.jpg"), "odd");
-        QCOMPARE(stand.told, QStringList(2, "Perfect! The file was moved to the music folder."));
-        QCOMPARE(contents(stand.scan), stand.bytes);
     }
 
     void aPick_outlivesHidingFoldersAndTheCloseBox()
@@ -79,20 +95,6 @@ private slots:
         QCOMPARE(contents("spartiti/3L.jpg") + contents("spartiti/3R.jpg"), stand.bytes + "old right");
     }
 
-    void selection_isAFileNotARow()
-    {
-        const Stand stand;
-        put("scans/b.jpg", "scan b");
-        pick("sinistra", "a.jpg");
-        press("sinistra", "File1", Qt::Key_Down);
-        click("sinistra", "Command1");
-        put("scans/.new.jpg", "new");
-        click("Form1", "Command3");
-        QCOMPARE(shownRows("sinistra", "File1"), QStringList({".new.jpg", "a.jpg", "b.jpg"}));
-        click("sinistra", "Command2");
-        QCOMPARE(contents("spartiti/3L.jpg"), "scan b");
-    }
-
     void preview_showsThePickBesideAndTakesNothing()
     {
         const Stand stand;
@@ -111,23 +113,6 @@ private slots:
         QTRY_VERIFY(windowNamed("preview"));
         click("sinistra", "ESC");
         QVERIFY(!windowNamed("preview"));
-    }
-
-    void mainWindow_seesNewPagesWhenItComesBack()
-    {
-        const Stand stand;
-        const auto shown = [] { return control("Form1", "Left page")->grab().toImage().pixelColor(50, 50); };
-        pick("sinistra", "a.jpg");
-        click("sinistra", "Ok");
-        put("spartiti/audio/3.mp3", "song");
-        waitUntilActive("Form1");
-        QVERIFY(shown().green() > 240 && shown().red() < 16 && shown().blue() < 16);
-        QVERIFY(control("Form1", "This song has a recording")->isVisible());
-        click("Form1", "Left");
-        waitUntilActive("sinistra");
-        QFile::remove("spartiti/3L.jpg");
-        waitUntilActive("Form1");
-        QVERIFY(shown() == QColor(Qt::white));
     }
 };
 

@@ -20,7 +20,7 @@ inline QTableView *table()
 inline QWidget *focused()
 {
     if (!QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; }))
-        failTest("nothing has the focus");
+        qFatal("nothing has the focus");
     return QApplication::focusWidget();
 }
 inline void key(Qt::Key key, Qt::KeyboardModifiers held = {})

@@ -17,8 +17,6 @@
 #include <QTableView>
 #include <QUrl>
 
-#include <cstdio>
-#include <cstdlib>
 #include <utility>
 
 QWidget *windowNamed(const QString &name)
@@ -36,13 +34,6 @@ bool isCalled(const QObject *control, const QString &name)
         return true;
     const auto *widget = qobject_cast<const QWidget *>(control);
     return widget && widget->accessibleName() == name;
-}
-
-void failTest(const QString &words)
-{
-    QTest::qFail(qPrintable(words), __FILE__, __LINE__);
-    std::fflush(nullptr);
-    std::_Exit(EXIT_FAILURE);
 }
 
 QString textOf(const QString &window, const QString &name)
@@ -70,17 +61,17 @@ void waitUntilActive(const QString &window)
 {
     QWidget *shown = windowNamed(window);
     if (!shown)
-        failTest("no window " + window + " on the screen");
+        qFatal("no window %s on the screen", qPrintable(window));
     shown->activateWindow(); // the offscreen platform hands nothing back when a box closes
     if (!QTest::qWaitForWindowActive(shown))
-        failTest(window + " does not become the active window");
+        qFatal("%s does not become the active window", qPrintable(window));
 }
 
 void click(const QString &window, const QString &name)
 {
     QWidget *clicked = control(window, name);
     if (!clicked->isVisible() || !clicked->isEnabled())
-        failTest(name + " in the window " + window + " cannot be clicked");
+        qFatal("%s in the window %s cannot be clicked", qPrintable(name), qPrintable(window));
     QTest::mouseClick(clicked, Qt::LeftButton);
 }
 
@@ -119,7 +110,7 @@ static QModelIndex rowNamed(const QAbstractItemView *list, const QString &name)
     const auto rows = list->model()->match(list->model()->index(0, 0), Qt::DisplayRole, name, -1,
                                            Qt::MatchExactly | Qt::MatchRecursive);
     if (rows.isEmpty())
-        failTest("no row " + name + " in the list " + list->accessibleName());
+        qFatal("no row %s in the list %s", qPrintable(name), qPrintable(list->accessibleName()));
     return rows.constLast();
 }
 
@@ -158,24 +149,24 @@ void chooseMenu(const QString &entry)
             return QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
         }
     }
-    failTest("no entry " + entry + " in the menus");
+    qFatal("no entry %s in the menus", qPrintable(entry));
 }
 
 void choose(const QStringList &entries)
 {
     for (const QString &text : entries) {
-        QMenu *menu = nullptr;
         QAction *entry = nullptr;
-        const bool isOpen = QTest::qWaitFor([&] {
-            menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        const auto isOffered = [&] {
+            const auto *menu = QApplication::activePopupWidget();
             for (QAction *each : menu ? menu->actions() : QList<QAction *>()) {
                 if (each->isEnabled() && each->text().remove('&').section('\t', 0, 0) == text)
                     entry = each;
             }
             return entry != nullptr;
-        });
-        if (!isOpen)
-            failTest("no entry " + text + " in the menu");
+        };
+        if (!QTest::qWaitFor(isOffered))
+            qFatal("no entry %s in the menu", qPrintable(text));
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(entry).center());
     }
 }
@@ -227,6 +218,11 @@ void putCategories(const QStringList &names, const QString &path)
 {
     const QStringList others(33 - names.size(), "Rock");
     put(path, fileOf("generi", linesOf((names + others).join('|'))));
+}
+
+QByteArray midiBlock(const QString &number, const QString &firstRow)
+{
+    return linesOf(number + '|' + firstRow + QString("|000,000,000").repeated(15));
 }
 
 Program::Program(const QByteArray &archive, const QList<Answer> &ahead)

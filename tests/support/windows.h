@@ -18,22 +18,19 @@ QWidget *windowNamed(const QString &name);
 // Whether a person reads or hears this name at a control: its caption, or its accessible name.
 bool isCalled(const QObject *control, const QString &name);
 
-// Ends the test run with these words.
-[[noreturn]] void failTest(const QString &words);
-
 // The one control of that caption or accessible name in a window that is on the screen, or else of that
 // objectName; ends the test run if there is none, or more than one.
 template <typename Control = QWidget> Control *control(const QString &window, const QString &name)
 {
     QWidget *shown = windowNamed(window);
     if (!shown)
-        failTest(QStringLiteral("no window %1 on the screen").arg(window));
+        qFatal("no window %s on the screen", qPrintable(window));
     QList<Control *> found = shown->findChildren<Control *>();
     found.removeIf([&](const Control *each) { return !isCalled(each, name); });
     if (found.isEmpty())
         found = shown->findChildren<Control *>(name);
     if (found.size() != 1)
-        failTest(QStringLiteral("%1 controls %2 in the window %3").arg(found.size()).arg(name, window));
+        qFatal("%d controls %s in the window %s", int(found.size()), qPrintable(name), qPrintable(window));
     return found.first();
 }
 
@@ -77,6 +74,9 @@ void dropFiles(QWidget *target, const QStringList &addresses);
 void putPicture(const QString &path, const QColor &colour);
 // Writes the names of the categories: these, and "Rock" for all others.
 void putCategories(const QStringList &names = {}, const QString &path = "spartiti/generi.js");
+
+// The settings of a song in midi.js: this row, and the others as they are at first.
+QByteArray midiBlock(const QString &number, const QString &firstRow);
 
 // The program on an archive of these bytes, or on none if they are null, with the last record shown. Its
 // message boxes are answered by pressing their real buttons, in this order, and those beyond by Esc.
