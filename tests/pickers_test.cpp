@@ -1,27 +1,31 @@
+// The windows in which a page or a recording is picked: sinistra, destra and mp3.
 #include "support/windows.h"
 
-// The program on record 3 of three, with a green scan to pick.
+// The program on record 3 of three, with a green scan and a recording to pick.
 struct Stand : Program {
-    QString scan = QDir::current().filePath("scans/a.jpg");
-    QByteArray bytes;
+    QByteArray scan;
 
     Stand()
     {
         put("spartiti/m.jpg", "empty sheet");
         put("spartiti/3R.jpg", "old right");
-        putPicture(scan, Qt::green);
-        bytes = contents(scan);
+        put("spartiti/audio/3.mp3", "old");
+        put("spartiti/generi.js", fileOf("generi", linesOf(QString("Rock & Roll|").repeated(32))));
+        put("scans/a.mp3", "song a");
+        putPicture("scans/a.jpg", Qt::green);
+        scan = contents("scans/a.jpg");
     }
 };
 
-static void pick(const QString &picker, const QString &file)
+static void pick(const QString &button, const QString &file)
 {
-    click("Form1", picker == "sinistra" ? "Left" : "Right");
+    const QString picker = button == "Mp3" ? "Mp3 Manager" : button + " page";
+    click("Form1", button);
     openFolder(picker, "scans");
     clickFile(picker, file);
 }
 
-class PagesWindowTest : public WindowTest
+class PickersTest : public WindowTest
 {
     Q_OBJECT
 private slots:
@@ -29,12 +33,11 @@ private slots:
     {
         const Stand stand;
         const auto shown = [] { return control("Form1", "Left page")->grab().toImage().pixelColor(50, 50); };
-        pick("sinistra", "a.jpg");
+        pick("Left", "a.jpg");
         click("sinistra", "Ok");
-        QCOMPARE(contents("spartiti/3L.jpg") + contents("spartiti/3R.jpg"), stand.bytes + "empty sheet");
+        QCOMPARE(contents("spartiti/3L.jpg") + contents("spartiti/3R.jpg"), stand.scan + "empty sheet");
         QCOMPARE(stand.told, QStringList("Perfect! The file was moved to the music folder."));
-        QCOMPARE(contents(stand.scan), stand.bytes);
-        put("spartiti/audio/3.mp3", "song");
+        QCOMPARE(contents("scans/a.jpg"), stand.scan);
         waitUntilActive("Form1");
         QVERIFY(shown().green() > 240 && shown().red() < 16 && shown().blue() < 16);
         QVERIFY(control("Form1", "This song has a recording")->isVisible());
@@ -50,7 +53,7 @@ private slots:
         const Stand stand;
         const QString odd = "scans/città €  100 %1 \"&\" <b>" + QString(221, 'x') + ".JPG"; // 255 bytes
         put(odd, "odd");
-        pick("destra", "a.jpg");
+        pick("Right", "a.jpg");
         press("destra", "File1", Qt::Key_Down);
         openFolder("destra", QDir::current().dirName());
         click("destra", "ESC");
@@ -63,7 +66,8 @@ private slots:
         QCOMPARE(textOf("destra", "Label1") + textOf("destra", "Label2"), "Label12");
         press("Form1", "VScroll1", Qt::Key_Up);
         click("destra", "Ok");
-        QCOMPARE(namesIn("spartiti"), QStringList({"1R.jpg", "3R.jpg", "archivio.js", "m.jpg"}));
+        QCOMPARE(namesIn("spartiti"),
+                 QStringList({"1R.jpg", "3R.jpg", "archivio.js", "audio", "generi.js", "m.jpg"}));
         QCOMPARE(contents("spartiti/1R.jpg"), "odd");
     }
 
@@ -74,7 +78,7 @@ private slots:
         put("spartiti/3L.jpg", "old left");
         click("Form1", "Left");
         QCOMPARE(stand.boxesOf("sinistra", "Ok"), "You must select a jpg file!");
-        pick("sinistra", "a.jpg");
+        pick("Left", "a.jpg");
         clickWithFullDisk("sinistra", "Ok", 3);
         QVERIFY(stand.told.last().startsWith(notStored));
         Module1.archiveRefusal = "The archive is damaged.";
@@ -83,13 +87,13 @@ private slots:
         QFile::remove("spartiti/m.jpg");
         QVERIFY(stand.boxesOf("sinistra", "Ok")
                     .startsWith("The left page of title 3 was stored. Its right page is as it was"));
-        QCOMPARE(contents("spartiti/3L.jpg") + contents("spartiti/3R.jpg"), stand.bytes + "old right");
+        QCOMPARE(contents("spartiti/3L.jpg") + contents("spartiti/3R.jpg"), stand.scan + "old right");
     }
 
     void preview_showsThePickBesideAndTakesNothing()
     {
         const Stand stand;
-        pick("sinistra", "a.jpg");
+        pick("Left", "a.jpg");
         QTRY_VERIFY(windowNamed("preview"));
         QWidget *preview = windowNamed("preview"), *picker = windowNamed("sinistra");
         QVERIFY(!preview->frameGeometry().intersects(picker->frameGeometry()));
@@ -105,7 +109,52 @@ private slots:
         click("sinistra", "ESC");
         QVERIFY(!windowNamed("preview"));
     }
+
+    void oneClick_storesTheCategoryOfOneRecordAndTheRecordingOfAnother()
+    {
+        const Stand stand;
+        pick("Mp3", "a.mp3");
+        QCOMPARE(textOf("mp3", "Command3(32)") + textOf("mp3", "Command3(33)"), "Rock && Roll");
+        press("Form1", "VScroll1", Qt::Key_Up);
+        click("mp3", "Command3(33)");
+        QVERIFY(!windowNamed("mp3"));
+        QVERIFY(Module1.recCategory[3] == "33" && Module1.archiveChanged);
+        QCOMPARE(contents("spartiti/audio/2.mp3") + contents("spartiti/audio/3.mp3"), "song aold");
+        click("Form1", "Mp3");
+        click("mp3", "Command3(1)");
+        QCOMPARE(Module1.recCategory[2], "1");
+        QVERIFY(stand.told.isEmpty());
+    }
+
+    void failure_harmsNeitherCategoryNorRecording()
+    {
+        Stand stand;
+        pick("Mp3", "a.mp3");
+        Module1.archiveRefusal = "The archive is damaged.";
+        QVERIFY(stand.boxesOf("mp3", "Command3(9)").endsWith(std::exchange(Module1.archiveRefusal, {})));
+        QFile::remove("scans/a.mp3");
+        QVERIFY(stand.boxesOf("mp3", "Command3(9)")
+                    .startsWith("Neither the category nor the recording was stored;"));
+        QVERIFY(Module1.recCategory[3] == "7" && !Module1.archiveChanged);
+        QCOMPARE(contents("spartiti/audio/3.mp3"), "old");
+        windowNamed("mp3")->close();
+        click("Form1", "Mp3"); // the pick has gone with the window
+        QCOMPARE(stand.boxesOf("mp3", "Command3(1)"), "You must select an mp3 file!");
+    }
+
+    void badCategoriesFile_isToldOnceWithItsLine()
+    {
+        const Program program;
+        put("spartiti/generi.js", fileOf("generi", linesOf("Rock|Waltz")) + "show();\r\n");
+        click("Form1", "Mp3");
+        QString texts;
+        for (const int k : {1, 2, 3, 33})
+            texts += textOf("mp3", indexed("Command3", k));
+        QCOMPARE(texts, "RockWaltz333");
+        QCOMPARE(program.told.size(), 1);
+        QVERIFY(program.told[0].contains("line 4 "));
+    }
 };
 
-QTEST_MAIN(PagesWindowTest)
-#include "pages_window_test.moc"
+QTEST_MAIN(PickersTest)
+#include "pickers_test.moc"
