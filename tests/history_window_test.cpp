@@ -1,5 +1,4 @@
 // What was typed and not saved, at the next start; undo of pages and recordings.
-#include "files/data_folder.h"
 #include "support/keeping.h"
 #include "support/table.h"
 #include "window/progress.h"
@@ -8,7 +7,6 @@
 #include <QScrollBar>
 
 static const QString window = "Tessaline 5.0";
-static const QString path = "spartiti/archivio.js";
 
 // What keeps what is typed and not saved; empty where there is nothing.
 static QString unsavedFile()
@@ -24,12 +22,6 @@ static void storeRecording()
     click(window, "Mp3");
     clickFile("mp3", "a.mp3");
     click("mp3", "Command3(9)");
-}
-
-static QByteArray songThree()
-{
-    return contents("spartiti/3L.jpg") + ' ' + contents("spartiti/3R.jpg") + ' '
-        + contents("spartiti/audio/3.mp3") + ' ' + Module1.recCategory[3].toUtf8();
 }
 
 // What ends the program, or nearly so, and whether what was typed is offered at the next start.
@@ -91,9 +83,8 @@ private slots:
     void eachEnding_offersOnlyWhatIsNeitherSavedNorGivenUp()
     {
         const auto [end, isOffered] = tableRow<Ending>();
-        Keeping program({Answer::Ok});
-        if (QTest::currentDataTag() == QLatin1StringView("close box"))
-            program.answers = {Answer::Yes};
+        const bool isAsked = QTest::currentDataTag() == QByteArray("close box");
+        Keeping program({isAsked ? Answer::Yes : Answer::Ok});
         type(window, "Title", "X");
         end();
         QCOMPARE(!unsavedFile().isEmpty(), isOffered);
@@ -105,7 +96,7 @@ private slots:
     void whatHappenedMeanwhile_isToldOf_data() { rowsOf({"garbled", "song changed"}); }
     void whatHappenedMeanwhile_isToldOf()
     {
-        const bool isGarbled = QTest::currentDataTag() == QLatin1StringView("garbled");
+        const bool isGarbled = QTest::currentDataTag() == QByteArray("garbled");
         Keeping program;
         type(window, "Title", "Drei");
         leaveByExit();
@@ -128,12 +119,12 @@ private slots:
         Keeping program;
         type(window, "Title", "Drei");
         leaveByExit();
-        const QByteArray good = contents(path);
-        put(path, "damaged");
+        const QByteArray good = contents("spartiti/archivio.js");
+        put("spartiti/archivio.js", "damaged");
         program.startAnew({Answer::Ok});
         type(window, "Title", "in vain");
         leaveByExit();
-        put(path, good);
+        put("spartiti/archivio.js", good);
         program.startAnew({Answer::Yes, Answer::No});
         QVERIFY2(program.told.value(0).contains("3 Drei"), qPrintable(program.told.join('|')));
         QCOMPARE(Module1.recTitle[3], "Drei");
@@ -152,17 +143,21 @@ private slots:
 
     void whatWasPutInPlace_isUndoneAndRedone_data()
     {
-        const QByteArray none = "(missing) (missing) ";
-        tableOf<Storing>(
-            {{"Left over two pages",
-              {[] { storePage("Left"); },
-               {"m.jpg", "3L.jpg", "3R.jpg"},
-               "3L.jpg 3R.jpg (missing) 7",
-               "scan m.jpg (missing) 7"}},
-             {"a first page",
-              {[] { storePage("Right"); }, {}, none + "(missing) 7", "(missing) scan (missing) 7"}},
-             {"a recording with its category",
-              {storeRecording, {"audio/3.mp3"}, none + "audio/3.mp3 7", none + "new 9"}}});
+        tableOf<Storing>({{"Left over two pages",
+                           {[] { storePage("Left"); },
+                            {"m.jpg", "3L.jpg", "3R.jpg"},
+                            "Three|||7 3L.jpg 3R.jpg (missing) ",
+                            "Three|||7 scan m.jpg (missing) "}},
+                          {"a first page",
+                           {[] { storePage("Right"); },
+                            {},
+                            "Three|||7 (missing) (missing) (missing) ",
+                            "Three|||7 (missing) scan (missing) "}},
+                          {"a recording with its category",
+                           {storeRecording,
+                            {"audio/3.mp3"},
+                            "Three|||7 (missing) (missing) audio/3.mp3 ",
+                            "Three|||9 (missing) (missing) new "}}});
     }
     void whatWasPutInPlace_isUndoneAndRedone()
     {
@@ -173,9 +168,9 @@ private slots:
         store();
         press(window, "Title", Qt::Key_PageUp);
         for (int times = 0; times < 2; times += 1) {
-            QCOMPARE(songThree(), after);
+            QCOMPARE(songWithFiles(3), after);
             undo();
-            QCOMPARE(songThree(), before);
+            QCOMPARE(songWithFiles(3), before);
             QCOMPARE(shownSong(), "3 Three");
             undo(Qt::ShiftModifier);
         }
@@ -210,11 +205,10 @@ private slots:
         Keeping program;
         program.rooms.history.reset();
         program.rooms.form1.unload();
-        put(path, fileOf("archivio", {}));
+        putArchive({});
         program.answers = {Answer::Yes};
         Rooms rooms;
         rooms.start();
-        QVERIFY(contents(path).contains("\"1\""));
         QCOMPARE(rooms.history->versions.all().size(), 1);
     }
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/data_folder.h"
 #include "support/windows.h"
 
 #include <QApplication>
@@ -61,6 +62,13 @@ inline void storePage(const QString &side)
     click("Form1", side);
     clickFile(side + " page", "scan.jpg");
     click(side + " page", "Ok");
+}
+
+// A song and what its left page, its right page and its recording hold.
+inline QByteArray songWithFiles(int n)
+{
+    return recordsInMemory()[n - 1].toUtf8() + ' ' + contents(pagePath(n, Page::Left)) + ' '
+        + contents(pagePath(n, Page::Right)) + ' ' + contents(recordingPath(n)) + ' ';
 }
 
 // The number and the title that the main window shows.
