@@ -26,9 +26,7 @@ private slots:
         click("mp3", "Close");
         chooseMenu("Categories…");
         QCOMPARE(textOf(window, "Category 33"), "Other");
-        click("Form1", "VScroll1");
         chooseMenu("Find a song…");
-        QCOMPARE(cell("Songs", "Songs", 2, 4), "7");
         waitUntilActive(window);
         type(window, "Category 7", "Slow waltz");
         QGuiApplication::clipboard()->setText("Chan\"son → €");
@@ -36,15 +34,12 @@ private slots:
         press(window, "Category 2", Qt::Key_V, Qt::ControlModifier);
         press(window, "Category 2", Qt::Key_S, Qt::ControlModifier);
         QCOMPARE(program.told.value(1), "Successfully saved!");
-        const QList<QByteArray> lines = contents(file).split('\n');
-        QCOMPARE(lines.size(), categoryCount + 3);
-        QCOMPARE(lines[2], "\"Chan'son  \x80\",\r");
+        QCOMPARE(contents(file).split('\n').value(2), "\"Chan'son  \x80\",\r");
         QCOMPARE(cell("Songs", "Songs", 2, 4), "Slow waltz");
         click("Form1", "Mp3");
         QCOMPARE(textOf("mp3", "Command3(2)"), "Chan'son  €");
         press(window, "Category 2", Qt::Key_Escape);
-        QVERIFY(!windowNamed(window));
-        QCOMPARE(program.told.size(), 2);
+        QVERIFY(!windowNamed(window) && program.told.size() == 2);
     }
 
     void unsavedNames_areNotThrownAwayUnasked()
@@ -53,13 +48,14 @@ private slots:
         put(file, fileWith("Jazz"));
         chooseMenu("Categories…");
         type(window, "Category 1", "Blues");
+        clickWithFullDisk(window, "Save", 20);
+        QVERIFY(program.told.value(0).startsWith("The names were not saved; the file is as it was before."));
         program.answers = {enterKey, Answer::Yes};
         press(window, "Category 1", Qt::Key_Escape);
         chooseMenu("Categories…"); // comes forward as it is
         QCOMPARE(textOf(window, "Category 1"), "Blues");
         click(window, "Close");
-        QVERIFY(!windowNamed(window));
-        QCOMPARE(program.told.size(), 2);
+        QVERIFY(!windowNamed(window) && program.told.size() == 3);
         QCOMPARE(contents(file), fileWith("Jazz"));
     }
 
@@ -83,18 +79,6 @@ private slots:
         QCOMPARE(contents(file), meanwhile);
         program.boxesOf(window, "Save", {Answer::Yes});
         QCOMPARE(contents(file), fileWith("Blues"));
-    }
-
-    void failure_isToldAndLeavesTheFile()
-    {
-        const Program program;
-        put(file, fileWith("Jazz"));
-        chooseMenu("Categories…");
-        type(window, "Category 1", "Blues");
-        clickWithFullDisk(window, "Save", 20);
-        QVERIFY(program.told.value(0).startsWith("The names were not saved; the file is as it was before."));
-        QCOMPARE(contents(file), fileWith("Jazz"));
-        QCOMPARE(textOf(window, "Category 1"), "Blues");
     }
 };
 
