@@ -72,6 +72,12 @@ private slots:
             QVERIFY(file.sliced(table.records[n].place).startsWith('"' + QByteArray::number(int(n))));
     }
 
+    void textsThatStopTheViewer_areFound()
+    {
+        const QByteArray file = archiveOf({"a\\|b|c|1", "a|b\n|c|1", "a|b|c\r|1", "a|b|c|1"});
+        QCOMPARE(unviewableRecords(readArchive(file, ownArchive)), QList({1, 2, 3}));
+    }
+
     void roundTrip_isByteIdentical_data()
     {
         const QString any = fromCodePage(everyByte()).remove('|');

@@ -53,6 +53,7 @@ private slots:
              {"line ends of old", {QByteArray(whole).replace("\r\n", "\r"), 33, 0}},
              {"blanks and a remark", {with("\"110\",", "  \"110\", // ten"), 33, 0}},
              {"too few", {fileOfNames(12), 12, 14}},
+             {"too few, line ends of old", {fileOfNames(12).replace("\r\n", "\r"), 12, 14}},
              {"too few, blank lines", {fileOfNames(12) + QByteArray("\r\n").repeated(99), 12, 14}},
              {"too few, no closing line", {fileOfNames(12).chopped(5), 12, 14}},
              {"too few, no comma", {fileOfNames(12).replace("112\",", "112\""), 12, 13}},
@@ -132,12 +133,13 @@ private slots:
     void save_beginsAFileAndEndsABrokenOne()
     {
         const QByteArray whole = fileOfNames(categoryCount);
-        for (const QByteArray &bytes : {QByteArray(), QByteArray("\r\n"), fileOfNames(12).chopped(7),
-                                        with("\"110\",", "\"110\""), with(" [", "\r\n[")}) {
+        for (const QByteArray &bytes :
+             {QByteArray(), QByteArray("\r\n"), fileOfNames(12).chopped(7), fileOfNames(12).chopped(6),
+              with("\"110\",", "\"110\""), with(" [", "\r\n[")}) {
             CategoriesReading read = readingOf(bytes);
             QCOMPARE(isUnderstood(read), bytes.size() < 200);
             QCOMPARE(saveCategories(read, categoriesIn(whole).name).outcome, Outcome::Saved);
-            QCOMPARE(contents(path), whole);
+            QCOMPARE(contents(path).replace("\r\"", "\r\n\""), whole); // half a line end is one
         }
     }
 

@@ -59,7 +59,7 @@ static Result replacing(const QString &, const QString &target)
 
 static Result copyingMany(const QString &source, const QString &target)
 {
-    return copyFiles({{odd, "first"}, {"gone", "second"}, {source, target}}).last();
+    return copyFiles({{odd, "first"}, {"gone", "second"}, {source, target, {}, {}, true}}).last();
 }
 
 static void add(const char *name, const Attempt &attempt)
@@ -92,7 +92,7 @@ static void addCopying(const char *name, Way copy, const State &also)
     }
     add(name, {copy, "old", "./old", Kind::Fine, also});
     add(name, {copy, odd, "link to the scan", Kind::Fine, also});
-    for (const char *source : {"gone", "", "link to nothing"})
+    for (const char *source : {"gone", "", "link to nothing", "old/a"})
         add(name, {copy, source, "old", Kind::Missing, also});
     for (const char *source : {"folder", "pipe", "/dev/zero"})
         add(name, {copy, source, "old", Kind::Unreadable, also});
@@ -106,7 +106,8 @@ static void addMoving()
         add("move", {moveFile, "old", target, Kind::Fine, {{"old", {}}, {target, "old"}}});
     const State linkMoved = {{"link to nothing", {}}, {"real/old link", "-> real/real/new"}};
     add("move", {moveFile, "link to nothing", "real/old link", Kind::Fine, linkMoved});
-    add("move", {moveFile, "gone", "b", Kind::Missing});
+    for (const char *source : {"gone", "old/a"})
+        add("move", {moveFile, source, "b", Kind::Missing});
     for (const char *target : {"real/old", "old", "folder", "link", "link to nothing", "real/old/b"})
         add("move", {moveFile, "old", target, Kind::Unwritable});
 }
