@@ -7,6 +7,8 @@
 #include <QDirIterator>
 #include <QFileInfo>
 
+#include <numeric>
+
 TestFolder::TestFolder()
     : before_(QDir::currentPath())
 {
@@ -71,12 +73,9 @@ QByteArray fileOf(const QByteArray &array, const QByteArray &lines)
 
 QByteArray everyByte()
 {
-    QByteArray bytes;
-    for (int byte = 0; byte < 256; byte += 1) {
-        if (byte != '"')
-            bytes += static_cast<char>(byte);
-    }
-    return bytes;
+    QByteArray bytes(256, '\0');
+    std::iota(bytes.begin(), bytes.end(), '\0');
+    return bytes.replace("\"", "");
 }
 
 QByteArray archiveOf(const QStringList &records)
