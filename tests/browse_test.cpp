@@ -1,8 +1,7 @@
 #include "browse/file_list.h"
 #include "browse/folder_list.h"
 #include "support/table.h"
-#include "support/windows.h"
-#include "text/alphabetical.h"
+#include "support/test_folder.h"
 
 #include <QSignalSpy>
 #include <QTreeWidgetItemIterator>
@@ -19,14 +18,13 @@ static QStringList rowsOf(FolderList &list)
     return rows.mid(rows.lastIndexOf(QFileInfo(list.path()).fileName()));
 }
 
-class BrowseTest : public WindowTest
+class BrowseTest : public FolderTest
 {
     Q_OBJECT
 private slots:
     void lists_standInTheSystemsSortingOrder()
     {
         QVERIFY(isSetUp);
-        const TestFolder folder;
         for (const char *name : {"page 10", "ärm", "Zorn", "page 9", "arm"}) {
             QDir().mkpath(name);
             put(QString(name) + ".jpg", {});
@@ -38,14 +36,12 @@ private slots:
         files.show();
         for (int row = 0; row < sorted.size(); row += 1)
             QCOMPARE(files.model()->index(row, 0).data().toString(), sorted[row] + ".jpg");
-        QCOMPARE(alphabetical({"ärm", "Zorn", "arm"}), QStringList({"arm", "Zorn", "ärm"}));
     }
 
     void folderList_opensEveryName_data() { rowsOf({":x", "a:b", "&x", "%20", "<b>", "x ", "Ä"}); }
     void folderList_opensEveryName()
     {
         const QString name = QTest::currentDataTag();
-        const TestFolder folder;
         QDir().mkpath("./" + name + "/within");
         FolderList list(nullptr);
         list.show();
@@ -57,7 +53,6 @@ private slots:
 
     void folderList_showsTheNamesOfDeepFolders()
     {
-        const TestFolder folder;
         FolderList list(nullptr);
         list.show();
         const QString deep = QDir::currentPath() + QString("/d").repeated(60);
@@ -71,7 +66,6 @@ private slots:
 
     void fileList_keepsTheFileThatWasPicked_unlessItIsGone()
     {
-        const TestFolder folder;
         put("a/1.jpg", {});
         put("1.jpg", {});
         FileList list(nullptr);
@@ -92,7 +86,6 @@ private slots:
 
     void folderList_readsAnewWhenItComesBack()
     {
-        const TestFolder folder;
         QDir().mkpath("a/b");
         FolderList list(nullptr);
         list.show();

@@ -87,11 +87,6 @@ static const QStringList explainThemselves = {
     "now\\.$|also in your archive|goes on from there|stand has changed|nothing that writes|MIT licence",
 };
 
-static QTextBrowser *shownText()
-{
-    return control<QTextBrowser>("Manual", "Text of the manual");
-}
-
 class ManualTest : public WindowTest
 {
     Q_OBJECT
@@ -136,7 +131,7 @@ private slots:
         const Program program;
         chooseMenu("Manual");
         QSet<QString> anchors, links, pictures;
-        const QTextDocument *text = shownText()->document();
+        const auto *text = control<QTextBrowser>("Manual", "Text of the manual")->document();
         for (QTextBlock block = text->begin(); block.isValid(); block = block.next()) {
             for (const QTextLayout::FormatRange &part : block.textFormats()) {
                 for (const QString &anchor : part.format.anchorNames())
@@ -156,7 +151,7 @@ private slots:
     {
         const Program program;
         chooseMenu("Manual");
-        const QTextBrowser *text = shownText();
+        const auto *text = control<QTextBrowser>("Manual", "Text of the manual");
         type("Manual", "Search", "BANK select");
         const int first = text->textCursor().position();
         QCOMPARE(text->textCursor().selectedText() + textOf("Manual", "found"), "Bank Select");

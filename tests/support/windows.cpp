@@ -138,20 +138,6 @@ void press(const QString &window, const QString &name, Qt::Key key, Qt::Keyboard
     QTest::keyClick(control(window, name), key, held);
 }
 
-void chooseMenu(const QString &entry)
-{
-    auto *bar = windowNamed("Form1")->findChild<QMenuBar *>();
-    for (QMenu *menu : bar->findChildren<QMenu *>()) {
-        for (QAction *action : menu->actions()) {
-            if (action->text() != entry && action->objectName() != entry)
-                continue;
-            QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(menu->menuAction()).center());
-            return QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
-        }
-    }
-    qFatal("no entry %s in the menus", qPrintable(entry));
-}
-
 void choose(const QStringList &entries)
 {
     for (const QString &text : entries) {
@@ -169,6 +155,20 @@ void choose(const QStringList &entries)
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(entry).center());
     }
+}
+
+void chooseMenu(const QString &entry)
+{
+    auto *bar = windowNamed("Form1")->findChild<QMenuBar *>();
+    for (QAction *menu : bar->actions()) {
+        for (const QAction *each : menu->menu()->actions()) {
+            if (each->text() != entry && each->objectName() != entry)
+                continue;
+            QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(menu).center());
+            return choose({each->text()});
+        }
+    }
+    qFatal("no entry %s in the menus", qPrintable(entry));
 }
 
 void chooseByMenuKey(const QString &window, const QString &list, const QStringList &entries)
