@@ -64,6 +64,7 @@ private slots:
         windowNamed("destra")->close();
         click("Form1", "Right");
         QCOMPARE(textOf("destra", "Label1") + textOf("destra", "Label2"), "Label12");
+        QTRY_VERIFY(windowNamed("preview")); // what would be stored is shown
         press("Form1", "VScroll1", Qt::Key_Up);
         click("destra", "Ok");
         QCOMPARE(namesIn("spartiti"),
