@@ -133,7 +133,7 @@ private slots:
             {"MIDI settings twice for one song|2",
              midi(settings + midiBlock("02", "0,0,0") + midiBlock("2", "0,,0"))},
             {"End of midi.js missing|0", file("midi.js", fileOf("midi", settings).chopped(5))},
-            {"File of no song: 4L.jpg|0", file("4L.jpg", page)},
+            {"File of no song: 9L.jpg|0", file("9L.jpg", page)},
             {"File of no song: audio/10000.mp3|0", file("audio/10000.mp3", {})},
             {"Wrong name: 3l.JPG|3|mend", renamed("3L.jpg", "3l.JPG")},
             {"Wrong name: audio/003.mp3|3|mend", renamed("audio/3.mp3", "audio/003.mp3")},

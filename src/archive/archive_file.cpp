@@ -16,8 +16,8 @@ static QString sharedCategory(QByteArrayView category, CodePageReader text)
 {
     static std::array<QString, 100> shared;
     size_t number = shared.size();
-    const char *const end = category.data() + category.size();
-    if (std::from_chars(category.data(), end, number).ptr != end || number >= shared.size())
+    std::from_chars(category.data(), category.data() + category.size(), number);
+    if (number >= shared.size())
         return text(category);
     if (shared[number] != QLatin1StringView(category))
         shared[number] = text(category);
