@@ -130,6 +130,7 @@ private slots:
             return all == 4 && (done + 1 < all || row.meanwhile);
         });
         QCOMPARE(report.result.text().last(row.reason.size()), row.reason);
+        QCOMPARE(wasChanged(source), row.reason.endsWith("since it was listed.")); // gone, its list stays
         QCOMPARE(page("archivio.js"), archive);
         QCOMPARE(Module1.recTitle[3] + Module1.recTitle[4], "typed at the spare position");
         QCOMPARE(namesIn("spartiti"), QStringList({"3R.jpg", "archivio.js"}));

@@ -19,7 +19,6 @@ private slots:
         const std::tuple<const char *, const char *, bool> rows[] = {
             {"", "anything", true},
             {"royksopp", "Röyksopp", true},
-            {"RÖYKSOPP", "Röyksopp", true},
             {"röyksopp", "Royksopp", false},
             {"èric", "Éric Satie", false},
             {"éric", "Eric, then Éric", true}, // the first place does not end the search
@@ -31,7 +30,6 @@ private slots:
             {"søren", "Soren", true},
             {"l'amour", "L’Amour", true},
             {"frahm nils solo", "Nils Frahm: Solo", true},
-            {"frahm duo", "Nils Frahm: Solo", false},
             {"\"la mer\"", "Mer la", false},
             {"\"la mer", "La Mer", true},
             {"\" mer\"", "Mer", false},
