@@ -26,8 +26,9 @@ QFont verdana(double points)
 
 QFont msSansSerif(double points)
 {
-    // The bitmaps that Windows has under the plain name cannot be drawn at every size.
-    return fontOf({"Microsoft Sans Serif", "Sans Serif"}, points);
+    // The bitmaps that Windows has under the plain name cannot be drawn at every size. The last is for wine,
+    // which has neither of the others and would take a serif font.
+    return fontOf({"Microsoft Sans Serif", "Sans Serif", "DejaVu Sans"}, points);
 }
 
 QFont bold(QFont font)
