@@ -222,8 +222,10 @@ void Copying::finish()
     if (copy_.copied == 0)
         return;
     QFile archive(archivePath(root_));
-    if (!archive.open(QIODevice::ReadOnly)
-        || (!syncFileSystem(archive.handle()) && !syncFile(archive.handle())))
+    // Windows forces a file onto the disk only where it may be written.
+    const bool isOpen =
+        archive.open(QIODevice::ReadWrite | QIODevice::ExistingOnly) || archive.open(QIODevice::ReadOnly);
+    if (!isOpen || (!syncFileSystem(archive.handle()) && !syncFile(archive.handle())))
         copy_.result = Result::failed(Kind::Unwritable, root_, systemReason());
 }
 
