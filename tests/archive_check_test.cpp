@@ -52,7 +52,7 @@ static QStringList found()
 {
     QStringList lines;
     for (const Finding &finding : checkWholeArchive().findings)
-        lines += finding.what + '|' + QString::number(finding.song)
+        lines += QDir::fromNativeSeparators(finding.what) + '|' + QString::number(finding.song)
             + (finding.mending.kind == Mend::None ? "" : "|mend");
     return lines;
 }
@@ -70,7 +70,8 @@ static Change without(const char *name)
 
 static Change renamed(const char *from, const char *to)
 {
-    return [=] { QVERIFY(QDir("spartiti").rename(from, to)); };
+    // By way of a third name, for disks on which names differ by more than their letters' case.
+    return [=] { QVERIFY(QDir("spartiti").rename(from, "x") && QDir("spartiti").rename("x", to)); };
 }
 
 static Change songs(const char *before, const char *after)
@@ -115,7 +116,7 @@ private slots:
              [] { putPipe("spartiti/2R.jpg"); }},
             {"Page that cannot be shown: 1L.jpg|1", file("1L.jpg", "GIF")},
             {"Page that cannot be shown: 2L.jpg|2", [] { QDir().mkdir("spartiti/2L.jpg"); }},
-            {"Page that cannot be shown: 3R.jpg|3", [] { QFile::link("gone.jpg", "spartiti/3R.jpg"); }},
+            {"Page that cannot be shown: 3R.jpg|3", [] { putLink("gone.jpg", "spartiti/3R.jpg"); }},
             {"Not to be read: spartiti/audio|0",
              [] { renamed("audio", "../elsewhere")(), file("audio", "x")(); }},
             {"Page that cannot be shown: m.jpg|0", file("m.jpg", "x")},
@@ -167,7 +168,7 @@ private slots:
 
     void theDemonstration_hasNothingWrong()
     {
-        QVERIFY(QFile::link(TESSALINE_SOURCES "/demo/spartiti", "spartiti"));
+        QVERIFY(putLink(TESSALINE_SOURCES "/demo/spartiti", "spartiti"));
         QCOMPARE(checkWholeArchive().pages, 16);
         QCOMPARE(found(), QStringList());
         QVERIFY(checkWholeArchive([](int, int all) { return all != 16; }).wasCancelled);
@@ -202,10 +203,10 @@ private slots:
     void mending_looksAgainFirst()
     {
         for (const char *name :
-             {"1l.jpg", "1L.jpg", "m.jpg", "generi.js", "archivio.js", "arriving/mine.txt"})
+             {"01L.jpg", "1L.jpg", "m.jpg", "generi.js", "archivio.js", "arriving/mine.txt"})
             file(name, name)();
         const QStringList before = filesBelow(".");
-        QCOMPARE(mend({Mend::Rename, "1l.jpg", "1L.jpg"}).kind, Result::Kind::Unwritable);
+        QCOMPARE(mend({Mend::Rename, "01L.jpg", "1L.jpg"}).kind, Result::Kind::Unwritable);
         QCOMPARE(mend({Mend::Rename, "gone.jpg", "2L.jpg"}).kind, Result::Kind::Missing);
         QCOMPARE(mend({Mend::EmptySheet}).kind, Result::Kind::Refused);
         QCOMPARE(mend({Mend::Categories}).kind, Result::Kind::Refused);

@@ -152,13 +152,13 @@ private slots:
         const QString refusal = "spartiti/archivio.js " + reason + " It is left as it is.";
         QVERIFY(readingOf(archiveOf({"before|||1"})).result.ok());
         if (file.isNull())
-            QVERIFY(QFile::remove(path) && QFile::link("archivio.js", path));
+            QVERIFY(QFile::remove(path) && putLink("archivio.js", path));
         else
             put(path, file);
         QCOMPARE(loadArchive().result.kind, kind);
-        QCOMPARE(Module1.archiveRefusal, refusal);
+        QCOMPARE(QDir::fromNativeSeparators(Module1.archiveRefusal), refusal);
         QCOMPARE(recordsInMemory(), QStringList("before|||1"));
-        QCOMPARE(writeArchive().text(), refusal);
+        QCOMPARE(QDir::fromNativeSeparators(writeArchive().text()), refusal);
         QCOMPARE(writeCsv().text(), refusal);
         QVERIFY(!wasArchiveReplaced());
         QCOMPARE(contents(path), file.isNull() ? QByteArray("(missing)") : file);

@@ -48,13 +48,13 @@ private slots:
         Program program;
         put("spartiti/midi.js.Xa81bQ", "x");
         putPicture("page.jpg", Qt::white);
-        put("spartiti/2l.jpg", contents("page.jpg"));
+        put("spartiti/02L.jpg", contents("page.jpg"));
         chooseMenu("Check the archive…");
         QCOMPARE(state(), "4 findings.");
         click(window, "Mend");
         QCOMPARE(state(), "There are names of categories now. 3 findings.");
         QCOMPARE(Module1.categoryName[33], "Other");
-        QCOMPARE(findings().join('|'), "No empty sheet m.jpg|Wrong name: 2l.jpg|Left over: midi.js.Xa81bQ");
+        QCOMPARE(findings().join('|'), "No empty sheet m.jpg|Wrong name: 02L.jpg|Left over: midi.js.Xa81bQ");
         press(window, "Findings", Qt::Key_A, Qt::ControlModifier);
         put("spartiti/2L.jpg", contents("page.jpg"));
         program.boxesOf(window, "Mend", {enterKey});
@@ -68,7 +68,7 @@ private slots:
         program.boxesOf(window, "Mend", {Answer::Yes});
         QCOMPARE(
             state(),
-            "2l.jpg is called 2L.jpg now. midi.js.Xa81bQ is gone. Nothing is wrong: the archive is as the "
+            "02L.jpg is called 2L.jpg now. midi.js.Xa81bQ is gone. Nothing is wrong: the archive is as the "
             "stand expects it.");
         QVERIFY(!control(window, "Mend")->isEnabled());
         press(window, "Findings", Qt::Key_Escape);

@@ -99,7 +99,7 @@ private slots:
     void whatIsReplaced_isKeptWhereverItLies_data()
     {
         const auto link = [](const char *to, const char *name) {
-            QVERIFY(QFile::link(QDir::current().filePath(to), name));
+            QVERIFY(putLink(QDir::current().filePath(to), name));
         };
         const QString otherDisk = "/dev/shm/tessaline-" + QString::number(QCoreApplication::applicationPid());
         tableOf<Place>({
@@ -156,7 +156,7 @@ private slots:
                  put("kept/20260101T000000000Z rubbish.js", "no such file");
                  QDir().mkpath("kept/20260101T000000000Z midi.js");
                  QVERIFY(putPipe("kept/20260101T000000000Z 1L.jpg"));
-                 QVERIFY(QFile::link(QDir::current().filePath("kept"), "kept/20260101T000000000Z 1R.jpg"));
+                 QVERIFY(putLink(QDir::current().filePath("kept"), "kept/20260101T000000000Z 1R.jpg"));
              }}},
         });
     }
@@ -181,7 +181,7 @@ private slots:
     {
         qputenv("XDG_DATA_HOME", QFile::encodeName(QDir::current().filePath("share")));
         QVERIFY(QDir().mkpath("stand/spartiti") && QDir().mkpath("other/spartiti"));
-        QVERIFY(QFile::link("stand", "link"));
+        QVERIFY(putLink("stand", "link"));
         const QString top = QDir::currentPath();
         const auto keptIn = [&](const QString &name) {
             QDir::setCurrent(top + '/' + name);

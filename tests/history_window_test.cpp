@@ -1,4 +1,5 @@
 // What was typed and not saved, at the next start; undo of pages and recordings.
+#include "history/kept_folder.h"
 #include "support/keeping.h"
 #include "support/table.h"
 #include "window/progress.h"
@@ -11,7 +12,7 @@ static const QString window = "Tessaline 5.0";
 // What keeps what is typed and not saved; empty where there is nothing.
 static QString unsavedFile()
 {
-    QDirIterator files("share", {"unsaved-?.json"}, QDir::Files, QDirIterator::Subdirectories);
+    QDirIterator files(keptFolder(), {"unsaved-?.json"}, QDir::Files, QDirIterator::Subdirectories);
     return files.hasNext() ? files.next() : QString();
 }
 
@@ -183,7 +184,7 @@ private slots:
         // The very page that is in place already: nothing was replaced that undo could have back.
         click(window, "Right");
         clickFile("Right page", "scan.jpg");
-        QVERIFY(QFile::remove("scan.jpg") && QFile::link("spartiti/3R.jpg", "scan.jpg"));
+        QVERIFY(QFile::remove("scan.jpg") && putLink("spartiti/3R.jpg", "scan.jpg"));
         const int steps = program.rooms.edits.stack().count();
         click("Right page", "Ok");
         QCOMPARE(program.rooms.edits.stack().count(), steps);

@@ -134,8 +134,8 @@ private slots:
     {
         const auto [files, rows] = tableRow<Dropped>();
         const Intake program;
-        QFile::link("in/Largo.png", "link.png");
-        QFile::link("nowhere", "nothing.png");
+        putLink("in/Largo.png", "link.png");
+        putLink("nowhere", "nothing.png");
         dropFiles(control("Form1", "Left page"), files);
         QCOMPARE(contents("spartiti/3L.jpg"), "(missing)");
         QCOMPARE(windowNamed(window) ? table()->model()->rowCount() : -1, rows);

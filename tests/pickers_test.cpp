@@ -1,4 +1,5 @@
 // The windows in which a page or a recording is picked: sinistra, destra and mp3.
+#include "files/platform.h"
 #include "support/windows.h"
 
 // The program on record 3 of three, with a green scan and a recording to pick.
@@ -51,7 +52,8 @@ private slots:
     void aPick_isOfAnyNameAndOutlivesHidingFoldersAndTheCloseBox()
     {
         const Stand stand;
-        const QString odd = "scans/città €  100 %1 \"&\" <b>" + QString(221, 'x') + ".JPG"; // 255 bytes
+        const QString marks = isForbiddenName("<b>") ? "" : " \"<b>\"";
+        const QString odd = "scans/città €  100 %1 &" + marks + QString(221, 'x') + ".JPG"; // 255 bytes
         put(odd, "odd");
         pick("Right", "a.jpg");
         press("destra", "File1", Qt::Key_Down);
@@ -59,11 +61,12 @@ private slots:
         click("destra", "ESC");
         press("Form1", "VScroll1", Qt::Key_Up);
         click("Form1", "Right");
-        QCOMPARE(textOf("destra", "Label1") + textOf("destra", "Label2"),
+        QCOMPARE(QDir::fromNativeSeparators(textOf("destra", "Label1")) + textOf("destra", "Label2"),
                  QDir::current().filePath(odd) + '3');
         windowNamed("destra")->close();
         click("Form1", "Right");
-        QCOMPARE(textOf("destra", "Label1") + textOf("destra", "Label2"), "Label12");
+        QCOMPARE(QDir::fromNativeSeparators(textOf("destra", "Label1")) + textOf("destra", "Label2"),
+                 "Label12");
         QTRY_VERIFY(windowNamed("preview")); // what would be stored is shown
         press("Form1", "VScroll1", Qt::Key_Up);
         click("destra", "Ok");

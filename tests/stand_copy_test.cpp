@@ -111,7 +111,7 @@ private slots:
         for (const char *name : {"archivio.js", "1L.jpg", "9L.jpg"})
             put(there + name, "its own");
         put("mine", "mine");
-        QVERIFY(QFile::link("../../mine", there + "2L.jpg"));
+        QVERIFY(putLink("../../mine", there + "2L.jpg"));
         const StandCopy copied = copy();
         QCOMPARE(textOf(copied),
                  "2 songs, 1 playlist: all of it is on the stand, read back and compared. You can take it.");
@@ -165,7 +165,7 @@ private slots:
                 row.meanwhile();
             return bool(row.meanwhile);
         });
-        QVERIFY2(textOf(copied).contains(row.told), qPrintable(textOf(copied)));
+        QVERIFY2(QDir::fromNativeSeparators(textOf(copied)).contains(row.told), qPrintable(textOf(copied)));
         QDir().rename("away", "stand"); // what was in the way goes
         QDir().rmdir(there + "2L.jpg");
         const bool isWhole = copied.result.ok();
@@ -196,7 +196,8 @@ private slots:
             put(row.garbled, "x");
         const QStringList before = filesBelow(".");
         const StandCopy copied = copyToStand(row.root);
-        QVERIFY2(copied.result.text().startsWith(row.told), qPrintable(copied.result.text()));
+        QVERIFY2(QDir::fromNativeSeparators(copied.result.text()).startsWith(row.told),
+                 qPrintable(copied.result.text()));
         QVERIFY(textOf(copied).endsWith("Nothing on the stand has changed."));
         QCOMPARE(filesBelow("."), before);
     }

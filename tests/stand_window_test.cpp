@@ -74,7 +74,7 @@ private slots:
     {
         Program program;
         put("stand/index.html", {});
-        QFile::link("gone", "spartiti/1R.jpg");
+        putLink("gone", "spartiti/1R.jpg");
         type("Form1", "Title", "New");
         chooseMenu("Copy to the stand…");
         chooseFolder("stand");

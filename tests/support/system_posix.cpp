@@ -31,6 +31,11 @@ QString FullDisk::reason()
     return "File too large";
 }
 
+bool putLink(const QString &to, const QString &path)
+{
+    return QFile::link(to, path);
+}
+
 bool putPipe(const QString &path)
 {
     return mkfifo(QFile::encodeName(path).constData(), 0600) == 0;

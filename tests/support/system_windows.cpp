@@ -59,6 +59,11 @@ QString FullDisk::reason()
     return qt_error_string(ERROR_DISK_FULL);
 }
 
+bool putLink(const QString &, const QString &)
+{
+    return false;
+}
+
 bool putPipe(const QString &path)
 {
     return QDir().mkdir(path);

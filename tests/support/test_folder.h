@@ -75,6 +75,8 @@ private:
     const qint64 before_;
 };
 
+// A link of the system's own kind; false where a plain program can make none.
+bool putLink(const QString &to, const QString &path);
 // Makes a thing that is no file and no folder and lets a reader wait, or a folder where the system has no
 // such things.
 bool putPipe(const QString &path);

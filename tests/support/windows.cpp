@@ -255,7 +255,7 @@ void Program::answer()
     const bool asksForMore = box && !box->inherits("QMessageBox") && !box->findChild<QPlainTextEdit *>();
     if (!buttons || !box->isVisible() || asksForMore)
         return;
-    told += textIn(box);
+    told += QDir::fromNativeSeparators(textIn(box));
     if (const auto happens = std::exchange(meanwhile, {}))
         happens();
     if (answers.isEmpty())
