@@ -159,7 +159,7 @@ private slots:
         QCOMPARE(QDir::fromNativeSeparators(Module1.archiveRefusal), refusal);
         QCOMPARE(recordsInMemory(), QStringList("before|||1"));
         QCOMPARE(QDir::fromNativeSeparators(writeArchive().text()), refusal);
-        QCOMPARE(writeCsv().text(), refusal);
+        QCOMPARE(QDir::fromNativeSeparators(writeCsv().text()), refusal);
         QVERIFY(!wasArchiveReplaced());
         QCOMPARE(contents(path), file.isNull() ? QByteArray("(missing)") : file);
         QCOMPARE(namesIn("spartiti"), QStringList("archivio.js"));
@@ -181,5 +181,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(ArchiveFileTest)
+QTEST_GUILESS_MAIN(ArchiveFileTest)
 #include "archive_file_test.moc"

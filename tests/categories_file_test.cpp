@@ -170,5 +170,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(CategoriesFileTest)
+QTEST_GUILESS_MAIN(CategoriesFileTest)
 #include "categories_file_test.moc"

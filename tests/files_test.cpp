@@ -73,14 +73,14 @@ static void add(const char *name, const Attempt &attempt)
 
 static void addReplacing()
 {
-    add("replace", {replacing, {}, "./old", Kind::Fine, {{"old", bytes}}});
-    add("replace", {replacing, {}, "a/b/c", Kind::Fine, {{"a/b/c", bytes}}}); // in no folder yet
-    add("replace", {replacing, {}, "link of a link", Kind::Fine, {{"real/old", bytes}}});
-    add("replace", {replacing, {}, "link to nothing", Kind::Fine, {{"real/new", bytes}}});
+    add("replace", {replacing, "bytes", "./old", Kind::Fine, {{"old", bytes}}});
+    add("replace", {replacing, "bytes", "a/b/c", Kind::Fine, {{"a/b/c", bytes}}}); // in no folder yet
+    add("replace", {replacing, "bytes", "link of a link", Kind::Fine, {{"real/old", bytes}}});
+    add("replace", {replacing, "bytes", "link to nothing", Kind::Fine, {{"real/new", bytes}}});
     for (const char *target : {"folder", "link to folder", "old/a"})
-        add("replace", {replacing, {}, target, Kind::Unwritable});
+        add("replace", {replacing, "bytes", target, Kind::Unwritable});
     for (const int room : {0, 100'000, 200'003})
-        add("replace", {replacing, {}, "link", Kind::Unwritable, {}, room});
+        add("replace", {replacing, "bytes", "link", Kind::Unwritable, {}, room});
 }
 
 // `also` is what each copy changes beside its target.
@@ -215,5 +215,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(FilesTest)
+QTEST_GUILESS_MAIN(FilesTest)
 #include "files_test.moc"

@@ -169,5 +169,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(MidiFileTest)
+QTEST_GUILESS_MAIN(MidiFileTest)
 #include "midi_file_test.moc"

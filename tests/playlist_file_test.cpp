@@ -178,5 +178,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(PlaylistFileTest)
+QTEST_GUILESS_MAIN(PlaylistFileTest)
 #include "playlist_file_test.moc"

@@ -109,5 +109,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(PlaylistListTest)
+QTEST_GUILESS_MAIN(PlaylistListTest)
 #include "playlist_list_test.moc"

@@ -203,5 +203,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(StandCopyTest)
+QTEST_GUILESS_MAIN(StandCopyTest)
 #include "stand_copy_test.moc"
