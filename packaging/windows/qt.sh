@@ -60,7 +60,7 @@ make_qt() {
     [ ! -d "$windows/qt" ] || return 0
     local log=$windows/qt.log
     mkdir -p "$windows" && : >"$log" || exit 1
-    echo "Building Qt for Windows, once; on two cores this takes about half an hour ..."
+    echo "Building Qt for Windows, once; on two cores this takes about forty minutes ..."
     if ! { fetch_qt_source && build_qt && describe_qt "$windows/qt.new"; } >"$log" 2>&1; then
         tail -n 40 "$log" >&2
         echo "Qt was not built; $log tells the rest." >&2
