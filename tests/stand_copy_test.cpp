@@ -3,13 +3,6 @@
 #include "support/test_folder.h"
 
 #include <QDateTime>
-#include <QDir>
-#include <QFile>
-#include <QTest>
-
-#include <functional>
-
-using Change = std::function<void()>;
 
 static const QString own = "spartiti/", there = "stand/spartiti/";
 
@@ -20,19 +13,6 @@ static void putOwn()
     for (const char *name : {"1L.jpg", "2L.jpg", "2R.jpg", "audio/2.mp3"})
         put(own + name, QByteArray("bytes of ") + name);
     QDir().mkdir("stand");
-}
-
-// Copies, and sees before each file that the archive there is not ahead of the pages. Before the second file
-// something happens.
-static StandCopy copy(const std::function<bool()> &meanwhile = {})
-{
-    int asked = 0;
-    return copyToStand("stand", [&](int, int) {
-        if (contents(there + "archivio.js") == contents(own + "archivio.js") && asked < 4)
-            qFatal("the archive has come before its pages");
-        asked += 1;
-        return asked != 2 || !meanwhile || meanwhile();
-    });
 }
 
 // "1L.jpg 10 5000|2L.jpg 7": name, size and time, with a bar between two files.
@@ -46,24 +26,13 @@ static QList<ListedFile> listing(const QString &text)
     return files;
 }
 
-struct PlanRow {
-    const char *here;
-    const char *there;
-    bool foldsCase;
-    const char *plan; // a letter for the task, and the name
-    qint64 room; // in blocks of 10
-};
-
-struct Fault {
-    Change meanwhile; // none: it is cancelled
-    QString told; // a part of it
-};
-
-struct Refusal {
-    QString root;
-    QString told;
-    QString garbled = {}; // a file
-};
+// The files here, those there, whether a disk takes capitals for small letters; what is planned, a letter for
+// the task before each name, and the room that it needs in blocks of 10.
+using Plan = std::tuple<const char *, const char *, bool, const char *, qint64>;
+// What happens while it is copied, nothing where it is cancelled then; a part of what is told.
+using Fault = std::pair<std::function<void()>, QString>;
+// The folder of the stand, the beginning of what is told, a file that is garbled.
+using Refusal = std::tuple<QString, QString, QString>;
 
 class StandCopyTest : public FolderTest
 {
@@ -71,7 +40,7 @@ class StandCopyTest : public FolderTest
 private slots:
     void plan_tellsWhatIsToBeDone_data()
     {
-        tableOf<PlanRow>({
+        tableOf<Plan>({
             {"new, data files last",
              {"archivio.js 5|generi.js 5|10L.jpg 11|audio/1.mp3 5|9R.jpg 5|9L.jpg 0", "", false,
               "N9L.jpg N9R.jpg N10L.jpg Naudio/1.mp3 Ngeneri.js Narchivio.js", 60}},
@@ -91,14 +60,13 @@ private slots:
 
     void plan_tellsWhatIsToBeDone()
     {
-        const auto row = tableRow<PlanRow>();
-        const QList<PlannedFile> plan = planOf(listing(row.here), listing(row.there), row.foldsCase);
+        const auto [filesHere, filesThere, foldsCase, planned, room] = tableRow<Plan>();
+        const QList<PlannedFile> plan = planOf(listing(filesHere), listing(filesThere), foldsCase);
         QStringList tasks;
-        for (const PlannedFile &planned : plan)
-            tasks +=
-                (planned.isNewerThere ? '+' : "NCXOS"[static_cast<int>(planned.task)]) + planned.file.name;
-        QCOMPARE(tasks.join(' '), row.plan);
-        QCOMPARE(roomNeeded(plan, 10), row.room);
+        for (const PlannedFile &each : plan)
+            tasks += (each.isNewerThere ? '+' : "NCXOS"[static_cast<int>(each.task)]) + each.file.name;
+        QCOMPARE(tasks.join(' '), planned);
+        QCOMPARE(roomNeeded(plan, 10), room);
     }
 
     void copy_bringsAllThere()
@@ -112,7 +80,7 @@ private slots:
             put(there + name, "its own");
         put("mine", "mine");
         QVERIFY(putLink("../../mine", there + "2L.jpg"));
-        const StandCopy copied = copy();
+        const StandCopy copied = copyToStand("stand");
         QCOMPARE(textOf(copied),
                  "2 songs, 1 playlist: all of it is on the stand, read back and compared. You can take it.");
         QCOMPARE(copied.copied, copied.all);
@@ -120,11 +88,8 @@ private slots:
         QCOMPARE(contents(there + "9L.jpg"), "its own");
         QVERIFY(QFile::remove(there + "9L.jpg"));
         QCOMPARE(filesBelow("stand/spartiti"), filesBelow("spartiti"));
-        QCOMPARE(textOf(copy()), "2 songs, 1 playlist: all of it was on the stand already. You can take it.");
-        put(own + "1L.jpg", "other page");
-        putArchive({"One|||0", "Two|||0", "Three|||0"});
-        QVERIFY(copyToStand("stand").result.ok());
-        QCOMPARE(filesBelow("stand/spartiti"), filesBelow("spartiti"));
+        QCOMPARE(textOf(copyToStand("stand")),
+                 "2 songs, 1 playlist: all of it was on the stand already. You can take it.");
     }
 
     void whatHappensMeanwhile_leavesAllWholeOrIsTold_data()
@@ -159,13 +124,15 @@ private slots:
     {
         putOwn();
         put(own + "generi.js", fileOf("generi", {}));
-        const auto row = tableRow<Fault>();
-        const StandCopy copied = copy([&] {
-            if (row.meanwhile)
-                row.meanwhile();
-            return bool(row.meanwhile);
+        const auto [happens, told] = tableRow<Fault>();
+        int asked = 0;
+        const StandCopy copied = copyToStand("stand", [&, &meanwhile = happens](int, int) {
+            asked += 1;
+            if (asked == 2 && meanwhile)
+                meanwhile();
+            return asked != 2 || meanwhile;
         });
-        QVERIFY2(QDir::fromNativeSeparators(textOf(copied)).contains(row.told), qPrintable(textOf(copied)));
+        QVERIFY2(QDir::fromNativeSeparators(textOf(copied)).contains(told), qPrintable(textOf(copied)));
         QDir().rename("away", "stand"); // what was in the way goes
         QDir().rmdir(there + "2L.jpg");
         const bool isWhole = copied.result.ok();
@@ -173,16 +140,32 @@ private slots:
         const QStringList may = filesBelow("spartiti") + QStringList("2R.jpg: bytes of 2R.jpg");
         for (const QString &file : filesBelow("stand/spartiti")) // but for what was pulled out half written
             QVERIFY2(may.contains(file) || file.startsWith("1L.jpg."), qPrintable(file));
-        QVERIFY(copy().result.ok());
+        QVERIFY(copyToStand("stand").result.ok());
         QVERIFY(filesBelow("stand/spartiti").size() >= filesBelow("spartiti").size());
+    }
+
+    void anArchiveThatComesLate_waitsForItsPages()
+    {
+        putOwn();
+        for (int i = 0; i < 500; i += 1) // so many that there is a question while they are listed
+            put(there + "its own/" + QString::number(i), {});
+        const StandCopy copied = copyToStand("stand", [](int done, int) {
+            if (done == 4 && !QFile::exists(own + "3L.jpg")) { // what is here has been listed already
+                put(own + "3L.jpg", "new");
+                putArchive({"One|||0", "Two|||0", "Three|||0"});
+            }
+            return !QFile::exists(there + "archivio.js") || QFile::exists(there + "3L.jpg");
+        });
+        QVERIFY2(copied.result.ok(), qPrintable(textOf(copied)));
+        QCOMPARE(contents(there + "archivio.js"), contents(own + "archivio.js"));
     }
 
     void unusable_isSaidBeforeAnything_data()
     {
         tableOf<Refusal>({
-            {"no folder", {"gone", "gone: there is no such folder"}},
-            {"the archive itself", {".", "This is the archive itself"}},
-            {"within it", {"spartiti/audio", "This is the archive itself"}},
+            {"no folder", {"gone", "gone: there is no such folder", {}}},
+            {"the archive itself", {".", "This is the archive itself", {}}},
+            {"within it", {"spartiti/audio", "This is the archive itself", {}}},
             {"damaged archive", {"stand", "spartiti/archivio.js: ", own + "archivio.js"}},
             {"damaged playlists", {"stand", "spartiti/playlist.js: ", own + "playlist.js"}},
             {"no folder of data can be made", {"stand", "stand/spartiti: ", "stand/spartiti"}},
@@ -191,12 +174,12 @@ private slots:
     void unusable_isSaidBeforeAnything()
     {
         putOwn();
-        const auto row = tableRow<Refusal>();
-        if (!row.garbled.isEmpty())
-            put(row.garbled, "x");
+        const auto [root, told, garbled] = tableRow<Refusal>();
+        if (!garbled.isEmpty())
+            put(garbled, "x");
         const QStringList before = filesBelow(".");
-        const StandCopy copied = copyToStand(row.root);
-        QVERIFY2(QDir::fromNativeSeparators(copied.result.text()).startsWith(row.told),
+        const StandCopy copied = copyToStand(root);
+        QVERIFY2(QDir::fromNativeSeparators(copied.result.text()).startsWith(told),
                  qPrintable(copied.result.text()));
         QVERIFY(textOf(copied).endsWith("Nothing on the stand has changed."));
         QCOMPARE(filesBelow("."), before);
