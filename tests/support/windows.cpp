@@ -1,7 +1,5 @@
 #include "support/windows.h"
 
-#include "look/look.h"
-
 #include <QContextMenuEvent>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -20,12 +18,10 @@ QWidget *windowNamed(const QString &name)
     return nullptr;
 }
 
-bool isCalled(const QObject *control, const QString &name)
+bool isCalled(const QWidget *control, const QString &name)
 {
-    if (const auto *button = qobject_cast<const QAbstractButton *>(control); button && button->text() == name)
-        return true;
-    const auto *widget = qobject_cast<const QWidget *>(control);
-    return widget && widget->accessibleName() == name;
+    const auto *button = qobject_cast<const QAbstractButton *>(control);
+    return (button && button->text() == name) || control->accessibleName() == name;
 }
 
 QString textOf(const QString &window, const QString &name)
@@ -268,9 +264,4 @@ QString Program::boxesOf(const QString &window, const QString &button, const QLi
     if (windowNamed(window))
         waitUntilActive(window);
     return told.join('\n');
-}
-
-void WindowTest::initTestCase()
-{
-    applyLook(*qApp);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "look/look.h"
 #include "main/rooms.h"
 #include "support/test_folder.h"
 
@@ -16,7 +17,7 @@ inline constexpr Answer enterKey = Answer::NoButton; // Enter answers, not the m
 QWidget *windowNamed(const QString &name);
 
 // Whether a person reads or hears this name at a control: its caption, or its accessible name.
-bool isCalled(const QObject *control, const QString &name);
+bool isCalled(const QWidget *control, const QString &name);
 
 // The one control of that caption or accessible name in a window that is on the screen, or else of that
 // objectName; ends the test run if there is none, or more than one.
@@ -99,5 +100,5 @@ class WindowTest : public QObject
 {
     Q_OBJECT
 private slots:
-    void initTestCase();
+    void initTestCase() { applyLook(*qApp); }
 };
