@@ -33,17 +33,16 @@ private slots:
         const QString come = "An archive has come into this folder meanwhile, and was read.";
         const QString damaged = "The archive was not begun. spartiti/archivio.js is damaged";
         const QString full = "The archive was not begun. spartiti/archivio.js: ";
-        tableOf<Beginning>(
-            {{"Save", {{"A"}, "Save", {}, a, "1 A", saved}},
-             {"Add", {{"A"}, "Add", {}, a, "1 A", beginQuestion}},
-             {"with gaps", {{"", "A", "", "B"}, "Save", {}, ab, "2 B", saved}},
-             {"No", {{"", "A"}, "Save", "No", none, "2 A", beginQuestion}},
-             {"full disk", {{"", "A"}, "Save", "full", none, "2 A", full}},
-             {"the start", {{}, {}, {}, empty, "1", beginQuestion}},
-             {"arrives at the start", {{}, {}, "asks", two, "2 B", beginQuestion}},
-             {"arrives at Save", {{"Typed"}, "Save", "asks", two, "3 Typed", come}},
-             {"arrives before Save", {{"Typed"}, "Save", "before", two, "3 Typed", come}},
-             {"nothing of it yet arrives at Save", {{"Typed"}, "Save", "asks", "", "Typed", damaged}}});
+        tableOf<Beginning>({{"Save", {{"A"}, "Save", {}, a, "1 A", saved}},
+                            {"Add", {{"A"}, "Add", {}, a, "1 A", beginQuestion}},
+                            {"with gaps", {{"", "A", "", "B"}, "Save", {}, ab, "2 B", saved}},
+                            {"No", {{"", "A"}, "Save", "No", none, "2 A", beginQuestion}},
+                            {"full disk", {{"", "A"}, "Save", "full", none, "2 A", full}},
+                            {"the start", {{}, {}, {}, empty, "1", beginQuestion}},
+                            {"arrives at the start", {{}, {}, "asks", two, "2 B", beginQuestion}},
+                            {"arrives at Save", {{"Typed"}, "Save", "asks", two, "3 Typed", come}},
+                            {"arrives before Save", {{"Typed"}, "Save", "before", two, "3 Typed", come}},
+                            {"nothing of it yet arrives", {{"", "A"}, "Save", "asks", "", "2 A", damaged}}});
     }
     void theEmptyWindow_beginsAnArchiveOrReadsTheOneThatArrives()
     {
@@ -68,6 +67,7 @@ private slots:
         QCOMPARE(program.told.constLast().first(told.size()), told);
         QCOMPARE(contents(path), archive);
         QCOMPARE(shown(), song);
+        QCOMPARE(Module1.recTitle[textOf(window, "Text1").toUInt()], textOf(window, "Title"));
         QCOMPARE(hasUnsavedChanges(), !typed.isEmpty() && !happens.isEmpty());
     }
 
@@ -75,7 +75,7 @@ private slots:
     {
         const QString text = QString("beginning ").repeated(40).trimmed();
         const Program program(archiveOf({text + '|' + text + '|' + text + "|1", "A \\\\ in it||y|2"}));
-        put("spartiti/1L.jpg", "no picture");
+        putPicture("spartiti/1L.jpg", Qt::red);
         putPicture("spartiti/1R.jpg", Qt::red);
         put("spartiti/audio/1.mp3", "");
         press(window, "Title", Qt::Key_PageUp);
@@ -83,8 +83,9 @@ private slots:
         auto *title = control<QLineEdit>(window, "Title");
         title->grab(); // what is in sight is known once it is painted
         QCOMPARE(title->cursorPositionAt({1, 15}), 0);
-        QVERIFY(control<ImageFrame>(window, "Left page")->picture().isNull());
-        QVERIFY(!control<ImageFrame>(window, "Right page")->picture().isNull());
+        for (const char *frame : {"Left page", "Right page"})
+            QVERIFY(!control<ImageFrame>(window, frame)->picture().isNull());
+        QVERIFY(control(window, "Picture1")->isVisible());
         press(window, "VScroll1", Qt::Key_End);
         QCOMPARE(shown(), "3");
         QVERIFY(!control(window, "Picture1")->isVisible());

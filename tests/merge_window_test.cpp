@@ -158,6 +158,7 @@ private slots:
         tableOf<Translating>({{"yes", {{"Tango", "Valse", "Blues"}, 3, yes, "031"}},
                               {"no", {{"Tango", "Valse", "Blues"}, 3, no, "123"}},
                               {"the ticked one agrees", {{"blues ", "Tango", "Jazz"}, 1, only, "1"}},
+                              {"one has no name", {{"Jazz", "Tango", ""}, 3, yes, "403"}},
                               {"theirs is missing", {{}, 3, only, "123"}}});
     }
     void categories_areTranslatedByNameWhereAPersonWantsIt()
