@@ -130,7 +130,6 @@ private slots:
                         {"letters", {"e\u0300, Dvořák, ő Łódź", "è, Dvorák, o Lódz", {}}},
                         {"a point within", {"Paraŀlel", "Parallel", {}}},
                         {"where pieces meet", {QString(767, u'x') + "e\u0301", QString(767, u'x') + "é", {}}},
-                        {"a sign where pieces meet", {QString(255, u'x') + "😀", QString(255, u'x'), "😀"}},
                         {"signs", {"a→b😀→\u200B", "ab", "→ 😀 U+200B"}},
                         {"eleven", {"→←↑↓↔↕↖↗↘↙↚", {}, "→ ← ↑ ↓ ↔ ↕ ↖ ↗ ↘ ↙ …"}}});
     }
