@@ -73,7 +73,7 @@ private slots:
             {"p1", "05 - Bach - Menuet: 05 - Bach - Menuet p1.tiff & 05 - Bach - Menuet p2.tiff"},
             {"page", "Canto: Canto pag.1.jpg & Canto pag.2.jpg | Ode: Ode Page 1.jpg & Ode page 2.jpg"},
             {"1 of 2", "Lied: Lied Seite 1.jpg & Lied S. 2.jpg | Ode: Ode 1 of 2.jpg & Ode 2 of 2.jpg"},
-            {"no pages from 1 on", "Aria 1.jpg | Aria 2.jpg | Aria 4.jpg | Symphony 5.jpg | Symphony 9.jpg"},
+            {"no pages from 1 on", "Aria 1.jpg | Aria 2.jpg | Aria 4.jpg | Symphony 5.jpg | Symphony 6.jpg"},
             {"one number twice", "Aria 1.jpg | Aria 1.png | Aria 2.jpg"},
             {"counted works", "Prelude No. 1.jpg | Prelude No. 2.jpg | Valse n°1.jpg | Valse n°2.jpg"},
             {"pages of a counted work", "Prelude No. 1: Prelude No. 1 p1.jpg & Prelude No. 1 p2.jpg"},
