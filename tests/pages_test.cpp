@@ -1,33 +1,18 @@
+#include "intake/bring_in.h"
+#include "intake/page_picture.h"
+#include "intake/pdf.h"
 #include "pages/jpeg_header.h"
 #include "pages/page_image.h"
+#include "support/scans.h"
 #include "support/table.h"
-#include "support/test_folder.h"
 
 #include <QBuffer>
-#include <QImageWriter>
-#include <QPainter>
 
-// A picture of a red left and a blue right half.
-static QByteArray halves(QSize size, const char *format, bool progressive = false)
+// The same JPEG with EXIF data that say that it is to be turned by a quarter.
+static QByteArray turnedByExif(QByteArray jpeg)
 {
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    QPainter(&image).fillRect(QRect({size.width() / 2, 0}, size), Qt::blue);
-    QBuffer buffer;
-    QImageWriter writer(&buffer, format);
-    writer.setQuality(95);
-    writer.setProgressiveScanWrite(progressive);
-    writer.write(image);
-    return buffer.data();
-}
-
-// The same JPEG with an EXIF block that says how it is turned.
-static QByteArray turned(QByteArray jpeg, char orientation)
-{
-    const QByteArray exif("\xFF\xE1\x00\x22"
-                          "Exif\0\0MM\0*\0\0\0\x08\0\x01\x01\x12\0\x03\0\0\0\x01\0",
-                          29);
-    return jpeg.insert(2, exif + orientation + QByteArray(6, '\0'));
+    static constexpr char exif[] = "ffe1001e45786966000049492a00080000000100120103000100000006000000";
+    return jpeg.insert(2, QByteArray::fromHex(exif));
 }
 
 static QByteArray pair(int number)
@@ -35,11 +20,13 @@ static QByteArray pair(int number)
     return QByteArray(1, char(number >> 8)) + char(number);
 }
 
-// The same JPEG claiming another size in its frame header.
-static QByteArray claiming(QSize size, QByteArray jpeg)
+// A small JPEG that claims another size in its frame header, and perhaps another way of coding.
+static QByteArray claiming(QSize size, char frame = '\xC0')
 {
-    const auto frame = qMax(jpeg.indexOf("\xFF\xC0"), jpeg.indexOf("\xFF\xC2"));
-    return jpeg.replace(frame + 5, 4, pair(size.height()) + pair(size.width()));
+    QByteArray jpeg = scan("jpg");
+    const qsizetype place = jpeg.indexOf("\xFF\xC0") + 1;
+    jpeg[place] = frame;
+    return jpeg.replace(place + 4, 4, pair(size.height()) + pair(size.width()));
 }
 
 // The beginning of a JPEG of 1,000 by 500: its frame with these components, each the samples of it across
@@ -54,9 +41,29 @@ static QByteArray beginning(char frame, const QByteArray &components, char inSca
     return bytes + "\xFF\xDA" + pair(3) + inScan;
 }
 
+// The colours of an image left and right, "red|blue", or above and below, "red/blue".
+static QString coloursOf(const QImage &image, QChar between)
+{
+    static const QStringList names{"red", "blue", "white", "black"};
+    static const QList<QRgb> colours{0xFFFF0000, 0xFF0000FF, 0xFFFFFFFF, 0xFF000000};
+    const QImage found = image.convertToFormat(QImage::Format_Indexed8, colours, Qt::ThresholdDither);
+    const auto at = [&](double x, double y) {
+        return names[found.pixelIndex(int(image.width() * x), int(image.height() * y))];
+    };
+    return between == '|' ? at(0.2, 0.5) + '|' + at(0.8, 0.5) : at(0.5, 0.2) + '/' + at(0.5, 0.8);
+}
+
+struct Shaping {
+    QByteArray bytes;
+    QString colours;
+    int turns = 0;
+    ComingPage::Part part = ComingPage::Whole;
+    int turnsOfPart = 0;
+};
+
 // A file, null for a pipe, and its colour at the top right: none if not shown.
 using Shown = std::pair<QByteArray, QColor>;
-using Scans = std::pair<QByteArray, qint64>; // a file, and the bytes for its scans
+using Refused = std::pair<QByteArray, QString>; // what is said of it; nothing: it is a page
 
 class PagesTest : public FolderTest
 {
@@ -64,18 +71,16 @@ class PagesTest : public FolderTest
 private slots:
     void decodePage_showsWhatCanBeShown_data()
     {
-        const QByteArray page = halves({2000, 3000}, "JPG"), progressive = halves({200, 300}, "JPG", true);
+        const QByteArray page = scan("jpg", QImage::Format_RGB32, {2000, 3000});
         const QByteArray much = QByteArray("\xFF\xE2\x40\0", 4) + QByteArray(0x3FFE, 'x');
         tableOf<Shown>({{"jpeg", {page, Qt::blue}},
-                        {"turned right", {turned(page, 6), Qt::red}},
-                        {"turned left", {turned(page, 8), Qt::blue}},
-                        {"png", {halves({20, 30}, "PNG"), Qt::blue}},
+                        {"turned right", {turnedByExif(page), Qt::red}},
+                        {"png", {scan("png"), Qt::blue}},
                         {"cut", {page.first(page.size() / 3), Qt::blue}},
-                        {"progressive", {progressive, Qt::blue}},
                         {"much before the picture", {QByteArray(page).insert(2, much.repeated(3)), Qt::blue}},
-                        {"98 megapixels", {claiming({9900, 9900}, halves({99, 99}, "JPG")), Qt::gray}},
-                        {"98, progressive", {claiming({9900, 9900}, progressive), {}}},
-                        {"absurd", {claiming({65500, 65500}, page), {}}},
+                        {"98 megapixels", {claiming({9900, 9900}), Qt::gray}},
+                        {"98, progressive", {claiming({9900, 9900}, '\xC2'), {}}},
+                        {"absurd", {claiming({65500, 65500}), {}}},
                         {"no picture", {"hello", {}}},
                         {"a pipe", {{}, {}}}});
     }
@@ -92,39 +97,138 @@ private slots:
 
     void decodePage_keepsWhatTheFrameCanShow()
     {
-        QImage stripes(4 * 300, 4 * 200, QImage::Format_Grayscale8);
+        QImage stripes(100, 1, QImage::Format_Grayscale8);
         for (int x = 0; x < stripes.width(); x += 1)
-            QPainter(&stripes).fillRect(x, 0, 1, stripes.height(), x / 12 % 2 ? Qt::white : Qt::black);
-        QVERIFY(stripes.save("1L.jpg", "JPG", 95));
+            stripes.setPixelColor(x, 0, x % 2 ? Qt::white : Qt::black);
+        put("1L.jpg", encoded(stripes.scaled(4 * 300, 4 * 200), "jpg", 95));
         const QImage image = decodePage("1L.jpg", {300, 200});
         QVERIFY(qGray(image.pixel(1, 100)) < 40 && qGray(image.pixel(4, 100)) > 215);
     }
 
-    void bytesForScans_areThoseOfAllSamples_data()
-    {
-        const qint64 grey = 125 * 63 * 128; // blocks of 64 samples
-        const QByteArray full = "\x11\x11\x11", usual = "\x22\x11\x11", wide = "\x21\x11\x11";
-        tableOf<Scans>({{"one scan", {beginning('\xC0', full, 3), 0}},
-                        {"one scan, grey", {beginning('\xC1', "\x11", 1), 0}},
-                        {"progressive", {beginning('\xC2', full, 3), 3 * grey}},
-                        {"progressive, grey", {beginning('\xC2', "\x11", 1), grey}},
-                        {"progressive, arithmetic", {beginning('\xCA', full, 3), 3 * grey}},
-                        {"a scan for each", {beginning('\xC0', full, 1), 3 * grey}},
-                        {"half the colour", {beginning('\xC2', wide, 1), grey + 2 * 63 * 63 * 128}},
-                        {"a quarter", {beginning('\xC2', usual, 1), grey + 2 * 63 * 32 * 128}},
-                        {"cut", {beginning('\xC2', full, 1).chopped(5), 0}},
-                        {"empty", {{}, 0}},
-                        {"no jpeg", {'\n' + beginning('\xC2', full, 1), 0}}});
-    }
     void bytesForScans_areThoseOfAllSamples()
     {
-        auto [file, bytes] = tableRow<Scans>();
-        QBuffer buffer(&file);
-        QVERIFY(buffer.open(QIODevice::ReadOnly));
-        QCOMPARE(bytesForScans(buffer), bytes);
-        QCOMPARE(buffer.pos(), 0);
+        const qint64 grey = 125 * 63 * 128; // blocks of 64 samples
+        const QByteArray full = "\x11\x11\x11", usual = "\x22\x21\x11";
+        const std::pair<QByteArray, qint64> files[] = {
+            {beginning('\xC0', full, 3), 0}, // all in one scan
+            {beginning('\xC2', full, 3), 3 * grey}, // progressive
+            {beginning('\xC0', usual, 1), grey + 125 * 32 * 128 + 63 * 32 * 128}, // a scan for each, of half and a quarter
+            {beginning('\xC2', full, 1).chopped(5), 0},
+            {'\n' + beginning('\xC2', full, 1), 0}, // no JPEG
+        };
+        for (auto [file, bytes] : files) {
+            QBuffer buffer(&file);
+            QVERIFY(buffer.open(QIODevice::ReadOnly));
+            QCOMPARE(bytesForScans(buffer), bytes);
+            QCOMPARE(buffer.pos(), 0);
+        }
+    }
+
+    void otherPictures_becomeTheRightPages_data()
+    {
+        QImage clear(40, 20, QImage::Format_ARGB32);
+        clear.fill(Qt::transparent);
+        tableOf<Shaping>({
+            {"png of 1 bit", {scan("png", QImage::Format_Mono), "black|black"}},
+            {"transparent", {encoded(clear, "png"), "white|white"}},
+            {"jpeg turned", {scan("jpg"), "red/blue", 1}},
+            {"left half", {scan("jpg"), "red|red", 0, ComingPage::LeftHalf}},
+            {"turned half of a turned one", {scan("png"), "blue|red", 1, ComingPage::RightHalf, 1}},
+            {"half of one that EXIF turns", {turnedByExif(scan("jpg")), "red/blue", 0, ComingPage::LeftHalf}},
+            {"pdf", {pdf(1), "red|blue"}},
+            {"half of a pdf", {pdf(1), "blue|blue", 0, ComingPage::RightHalf}},
+        });
+    }
+    void otherPictures_becomeTheRightPages()
+    {
+        const auto row = tableRow<Shaping>();
+        put("x", row.bytes);
+        const QChar between = row.colours.contains('/') ? '/' : '|';
+        ComingSong song;
+        song.left = {"x", row.bytes.startsWith("%PDF"), 200, row.turns, row.part, row.turnsOfPart};
+        QCOMPARE(bringIn({song}, {}).cannotCome.value(0), QString());
+        QCOMPARE(contents("spartiti/1L.jpg").first(2), QByteArray("\xFF\xD8"));
+        const QImage image("spartiti/1L.jpg");
+        QCOMPARE(coloursOf(image, between), row.colours);
+        if (song.left.pdfPage > 0 && song.left.isAsItWas())
+            QCOMPARE(image.size(), QSize(1656, 2339));
+        if (song.left.pdfPage > 0)
+            return;
+        const QImage small = smallPicture(song.left, {20, 20});
+        QCOMPARE(small.size().boundedTo({20, 20}), small.size());
+        QCOMPARE(coloursOf(small, between), row.colours);
+    }
+
+    void whatIsNoPage_isRefusedInWords_data()
+    {
+        const QSize large(300, 300);
+        tableOf<Refused>({
+            {"empty", {"", "it is empty"}},
+            {"text", {"this is a text", "it is not a picture"}},
+            {"too large", {claiming({20'000, 2'001}), "it has 20000 by 2001 pixels"}},
+            {"progressive",
+             {claiming({9'000, 9'000}, '\xC2'), "it is a progressive JPEG too large for a page"}},
+            {"a cut png", {scan("png", QImage::Format_RGB32, large).chopped(300), "it is broken"}},
+            {"a cut jpeg", {scan("jpg", QImage::Format_RGB32, large).first(2000), ""}},
+        });
+    }
+    void whatIsNoPage_isRefusedInWords()
+    {
+        const auto [bytes, reason] = tableRow<Refused>();
+        put("x.jpg", bytes);
+        put("good.jpg", scan("jpg"));
+        ComingSong good, odd;
+        good.left.file = "good.jpg";
+        odd.left.file = "x.jpg";
+        const BringInReport report = bringIn({good, odd}, {});
+        QCOMPARE(report.cannotCome.keys(), reason.isEmpty() ? QList<qsizetype>() : QList<qsizetype>{1});
+        QCOMPARE(report.cannotCome.value(1).section(": ", 1).left(reason.size()), reason);
+        QCOMPARE(namesIn("spartiti").size(), reason.isEmpty() ? 3 : 0);
+        QCOMPARE(isCutShort("x.jpg"), reason.isEmpty());
+        QVERIFY(!isCutShort("good.jpg"));
+    }
+
+    void pdfs_tellTheirPagesOrWhyNot()
+    {
+        const QByteArray key(32, 'x');
+        put("two.pdf", pdf(2));
+        put("none.pdf", pdf(0));
+        put("text.pdf", "no PDF");
+        put("huge.pdf", pdf(1).replace("596 842", "14400 14400"));
+        put("locked.pdf",
+            pdf(1).replace("trailer<<",
+                           "trailer<</ID[<00><00>]/Encrypt<</Filter/Standard/V 1/R 2/P -4/O(" + key + ")/U("
+                               + key + ")>>"));
+        const auto infos = readPdfs({"two.pdf", "none.pdf", "text.pdf", "huge.pdf", "locked.pdf"});
+        QCOMPARE(infos["two.pdf"].dpi, QList<int>({200, 200}));
+        QCOMPARE(infos["none.pdf"].result.reason, "it has no pages");
+        QCOMPARE(infos["text.pdf"].result.reason, "it is broken, or no PDF");
+        QCOMPARE(infos["locked.pdf"].result.reason, "it is locked with a password");
+        QCOMPARE(infos["huge.pdf"].dpi, QList<int>({25}));
+        QVERIFY(readPdfs({"two.pdf"}, [](int, int) { return false; }).isEmpty());
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", "/nowhere");
+        const QString reason = readPdfs({"two.pdf"})["two.pdf"].result.reason;
+        qputenv("PATH", path);
+        QCOMPARE(reason, "PDF needs poppler-utils");
+    }
+
+    void aPdfThatRunsForEver_isEnded()
+    {
+        put("endless.pdf", pdf(1, 100'000));
+        put("good.pdf", pdf(1));
+        const Jobs::Job endless = pageJob("endless.pdf", 1, 1, 200, false);
+        Jobs jobs(2), patient;
+        jobs.add(endless);
+        jobs.add(endless);
+        const size_t good = jobs.add(pageJob("good.pdf", 1, 1, 200, false));
+        QCOMPARE(resultOf(jobs.take(0, {}), "endless.pdf").reason,
+                 "it takes too long to be made into a page");
+        QVERIFY(resultOf(jobs.take(good, {}), "good.pdf").ok()); // the second is passed over
+        patient.add(endless);
+        QCOMPARE(patient.take(0, [] { return false; }).end, Jobs::End::Stopped);
     }
 };
 
-QTEST_MAIN(PagesTest)
+QTEST_GUILESS_MAIN(PagesTest)
 #include "pages_test.moc"

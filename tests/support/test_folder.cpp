@@ -7,6 +7,7 @@
 #include <QDirIterator>
 #include <QFileInfo>
 
+#include <filesystem>
 #include <numeric>
 
 TestFolder::TestFolder()
@@ -43,21 +44,33 @@ QByteArray contents(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(missing)");
 }
 
+static const auto everything = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+
 QStringList namesIn(const QString &folder)
 {
-    const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
-    return QDir(folder).entryList(all, QDir::Name);
+    return QDir(folder).entryList(everything, QDir::Name);
+}
+
+QMap<QString, QByteArray> bytesBelow(const QString &folder)
+{
+    QMap<QString, QByteArray> bytes;
+    for (QDirIterator entries(folder, everything, QDirIterator::Subdirectories); entries.hasNext();) {
+        const QFileInfo entry(entries.next());
+        const QString path = entry.filePath().mid(folder.size() + 1);
+        if (entry.isSymLink())
+            bytes[path] =
+                "-> " + QByteArray::fromStdString(read_symlink(entry.filesystemFilePath()).string());
+        else if (!entry.isDir())
+            bytes[path] = entry.isFile() ? contents(entry.filePath()) : QByteArray("no file");
+    }
+    return bytes;
 }
 
 QStringList filesBelow(const QString &folder)
 {
     QStringList files;
-    const auto all = QDir::Files | QDir::Hidden;
-    for (QDirIterator entries(folder, all, QDirIterator::Subdirectories); entries.hasNext();) {
-        const QString path = entries.next();
-        files += path.mid(folder.size() + 1) + ": " + QString::fromLatin1(contents(path));
-    }
-    files.sort();
+    for (const auto &[path, bytes] : bytesBelow(folder).asKeyValueRange())
+        files += path + ": " + QString::fromLatin1(bytes);
     return files;
 }
 

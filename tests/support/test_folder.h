@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QMap>
 #include <QObject>
 #include <QTemporaryDir>
 #include <QTest>
@@ -45,7 +46,10 @@ QByteArray contents(const QString &path);
 // The names in a folder, hidden ones too, sorted.
 QStringList namesIn(const QString &folder);
 
-// All files below a folder, hidden ones too, each "name: bytes", in the order of their names.
+// All that lies below a folder, hidden things too, by its path: what a file holds, where a link points to, or
+// "no file".
+QMap<QString, QByteArray> bytesBelow(const QString &folder);
+// The same, each "path: bytes", in the order of their paths.
 QStringList filesBelow(const QString &folder);
 
 // All bytes that a field can hold: 256 but for the double quote.
