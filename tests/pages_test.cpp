@@ -7,6 +7,7 @@
 #include "support/table.h"
 
 #include <QBuffer>
+#include <QImageWriter>
 
 // The same JPEG with EXIF data that say that it is to be turned by a quarter.
 static QByteArray turnedByExif(QByteArray jpeg)
@@ -72,12 +73,17 @@ private slots:
     void decodePage_showsWhatCanBeShown_data()
     {
         const QByteArray page = scan("jpg", QImage::Format_RGB32, {2000, 3000});
+        QBuffer progressive;
+        QImageWriter writer(&progressive, "jpg");
+        writer.setProgressiveScanWrite(true);
+        writer.write(QImage::fromData(page));
         const QByteArray much = QByteArray("\xFF\xE2\x40\0", 4) + QByteArray(0x3FFE, 'x');
         tableOf<Shown>({{"jpeg", {page, Qt::blue}},
                         {"turned right", {turnedByExif(page), Qt::red}},
                         {"png", {scan("png"), Qt::blue}},
                         {"cut", {page.first(page.size() / 3), Qt::blue}},
                         {"much before the picture", {QByteArray(page).insert(2, much.repeated(3)), Qt::blue}},
+                        {"progressive", {progressive.data(), Qt::blue}},
                         {"98 megapixels", {claiming({9900, 9900}), Qt::gray}},
                         {"98, progressive", {claiming({9900, 9900}, '\xC2'), {}}},
                         {"absurd", {claiming({65500, 65500}), {}}},
@@ -108,11 +114,11 @@ private slots:
     void bytesForScans_areThoseOfAllSamples()
     {
         const qint64 grey = 125 * 63 * 128; // blocks of 64 samples
-        const QByteArray full = "\x11\x11\x11", usual = "\x22\x21\x11";
+        const QByteArray full = "\x11\x11\x11", other = "\x42\x21\x11";
         const std::pair<QByteArray, qint64> files[] = {
             {beginning('\xC0', full, 3), 0}, // all in one scan
             {beginning('\xC2', full, 3), 3 * grey}, // progressive
-            {beginning('\xC0', usual, 1), grey + 125 * 32 * 128 + 63 * 32 * 128}, // a scan for each, of half and a quarter
+            {beginning('\xC0', other, 1), grey + (63 * 32 + 32 * 32) * 128}, // a scan for each
             {beginning('\xC2', full, 1).chopped(5), 0},
             {'\n' + beginning('\xC2', full, 1), 0}, // no JPEG
         };

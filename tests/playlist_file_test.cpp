@@ -138,7 +138,8 @@ private slots:
                          {"save, no file", {{}, "save", {}, "old|#; a|9,#"}},
                          {"add", {a + b, "add", {}, "a|1,#; b|2,#; a|9,#"}},
                          {"delete", {a + b + a, "delete", known, "b|2,#"}},
-                         {"delete, changed", {c + b, "delete", known, "not done: 3,#"}}});
+                         {"delete, changed", {c + b, "delete", known, "not done: 3,#"}},
+                         {"delete, gone", {b, "delete", known, "b|2,#"}}});
     }
     void changes_beginFromTheDisk_andDestroyOnlyWhatIsKnown()
     {
