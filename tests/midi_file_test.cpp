@@ -6,8 +6,6 @@
 
 #include <QSet>
 
-using Kind = Result::Kind;
-
 // A block whose rows all hold `text`.
 static QByteArray block(const QString &number, const QString &text)
 {
@@ -134,19 +132,6 @@ private slots:
         QVERIFY(readMidiFile(table).ok() && table.endMissing); // which a person is told
         QVERIFY(writeMidiFile(table, QList<int>{1, 2}, fieldsOf("5")).ok() && !table.endMissing);
         QCOMPARE(copyMidiSettings(7, {2}).text(), "Song 7 has no MIDI settings.");
-    }
-
-    void largestTable_isReadAndTakesNoMore()
-    {
-        QByteArray blocks;
-        for (int song = 1; song <= MidiTable::lastBlock; song += 1)
-            blocks += block(QString::number(song), "000,000,000");
-        put(midiPath(), fileOf("midi", blocks));
-        MidiTable table;
-        QVERIFY(readMidiFile(table).ok() && table.midiBlockNumber(MidiTable::lastBlock) == "170000");
-        QCOMPARE(writeMidiFile(table, 0, {}).kind, Kind::Refused);
-        put(midiPath(), fileOf("midi", blocks + block("170001", "000,000,000")));
-        QCOMPARE(readMidiFile(table).kind, Kind::TooLarge);
     }
 };
 

@@ -138,7 +138,6 @@ private slots:
             {"png of 1 bit", {scan("png", QImage::Format_Mono), "black|black"}},
             {"transparent", {encoded(clear, "png"), "white|white"}},
             {"jpeg turned", {scan("jpg"), "red/blue", 1}},
-            {"left half", {scan("jpg"), "red|red", 0, ComingPage::LeftHalf}},
             {"turned half of a turned one", {scan("png"), "blue|red", 1, ComingPage::RightHalf, 1}},
             {"half of one that EXIF turns", {turnedByExif(scan("jpg")), "red/blue", 0, ComingPage::LeftHalf}},
             {"pdf", {pdf(1), "red|blue"}},
