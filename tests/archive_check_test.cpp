@@ -179,7 +179,6 @@ private slots:
         QCOMPARE(found(), QStringList("Not the archive's own: notes.txt|0"));
         QCOMPARE(namesIn("spartiti").size(), 11);
         QCOMPARE(contents("spartiti/notes.txt"), "mine");
-        QCOMPARE(QImage("spartiti/m.jpg").size(), QSize(1240, 1754));
     }
 
     void mending_looksAgainFirst()

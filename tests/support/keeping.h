@@ -1,6 +1,5 @@
 #pragma once
 
-#include "files/data_folder.h"
 #include "support/windows.h"
 
 // The program with its history begun. What it keeps lies beside the archive for the test.
