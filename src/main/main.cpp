@@ -15,7 +15,7 @@
 static void endWithoutDisplay(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     if (type != QtFatalMsg) {
-        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+        std::fputs(qPrintable(qFormatLogMessage(type, context, text) + '\n'), stderr);
         return;
     }
     std::fputs(
