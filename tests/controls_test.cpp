@@ -215,8 +215,8 @@ private slots:
         std::iota(different.begin(), different.end(), U'\u0100');
         TextBox box(nullptr);
         const std::clock_t start = std::clock();
-        enter(box, "paste", QString::fromStdU32String(different));
-        QVERIFY((std::clock() - start) * 1000 / CLOCKS_PER_SEC < 300);
+        enter(box, "paste", QString::fromStdU32String(different).repeated(4));
+        QVERIFY((std::clock() - start) * 1000 / CLOCKS_PER_SEC < 1000);
     }
 
     void imageFrame_isOpenedByDoubleClickOrEnter_notByAClick()

@@ -116,6 +116,13 @@ private slots:
         QVERIFY(!QFile::exists("old") || QFile::permissions("old") == allowed);
     }
 
+    void ofALink_theFolderOfTheFileIsForced()
+    {
+        putAll();
+        const QFileInfo folder(Replacement("link of a link", Replacement::Link::Followed).folder());
+        QCOMPARE(folder, QFileInfo("real"));
+    }
+
     void nothingThatIsNoFile_isRead()
     {
         putAll();

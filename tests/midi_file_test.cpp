@@ -130,8 +130,19 @@ private slots:
         QVERIFY(copyMidiSettings(1, {2}).text().startsWith("The end of spartiti/midi.js is missing."));
         MidiTable table;
         QVERIFY(readMidiFile(table).ok() && table.endMissing); // which a person is told
-        QVERIFY(writeMidiFile(table, QList<int>{1, 2}, fieldsOf("5")).ok() && !table.endMissing);
+        QVERIFY(writeMidiFile(table, 1, fieldsOf("5")).ok() && !table.endMissing);
         QCOMPARE(copyMidiSettings(7, {2}).text(), "Song 7 has no MIDI settings.");
+    }
+
+    void largestTable_isReadAndTakesNoMore()
+    {
+        const QByteArray blocks = block("1", "000,000,000").repeated(MidiTable::lastBlock);
+        put(midiPath(), fileOf("midi", blocks));
+        MidiTable table;
+        QVERIFY(readMidiFile(table).ok() && table.midiBlockCount == MidiTable::lastBlock);
+        QCOMPARE(writeMidiFile(table, 2, {}).kind, Result::Kind::Refused);
+        put(midiPath(), fileOf("midi", blocks + block("2", "000,000,000")));
+        QCOMPARE(readMidiFile(table).kind, Result::Kind::TooLarge);
     }
 };
 
