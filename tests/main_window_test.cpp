@@ -16,9 +16,9 @@ static QString shown()
     return texts.join(' ').trimmed();
 }
 
-// What is typed, one title below the other; the button, or null for the start; whether an archive arrives
-// "before" that or while it "asks", the answer is "No" or the disk is "full"; the archive and the song then;
-// and how the last box begins.
+// What is typed in all boxes, one title below the other; the button, or null for the start; whether an
+// archive arrives "before" that or while it "asks", the answer is "No" or the disk is "full"; the archive and
+// the song then; and how the last box begins.
 using Beginning = std::tuple<QStringList, QString, QString, QByteArray, QString, QString>;
 
 class MainWindowTest : public WindowTest
@@ -27,22 +27,24 @@ class MainWindowTest : public WindowTest
 private slots:
     void theEmptyWindow_beginsAnArchiveOrReadsTheOneThatArrives_data()
     {
-        const QByteArray a = archiveOf({"A|||0"}), ab = archiveOf({"A|||0", "B|||0"}), none = "(missing)";
+        const QByteArray a = archiveOf({"A|A|A|0"}), ab = archiveOf({"A|A|A|0", "B|B|B|0"}),
+                         none = "(missing)";
         const QByteArray empty = archiveOf({"|||0"}), two = archiveOf({"A|a|x|1", "B|||2"});
         const QString saved = "Successfully saved!";
         const QString come = "An archive has come into this folder meanwhile, and was read.";
         const QString damaged = "The archive was not begun. spartiti/archivio.js is damaged";
         const QString full = "The archive was not begun. spartiti/archivio.js: ";
-        tableOf<Beginning>({{"Save", {{"A"}, "Save", {}, a, "1 A", saved}},
-                            {"Add", {{"A"}, "Add", {}, a, "1 A", beginQuestion}},
-                            {"with gaps", {{"", "A", "", "B"}, "Save", {}, ab, "2 B", saved}},
-                            {"No", {{"", "A"}, "Save", "No", none, "2 A", beginQuestion}},
-                            {"full disk", {{"", "A"}, "Save", "full", none, "2 A", full}},
-                            {"the start", {{}, {}, {}, empty, "1", beginQuestion}},
-                            {"arrives at the start", {{}, {}, "asks", two, "2 B", beginQuestion}},
-                            {"arrives at Save", {{"Typed"}, "Save", "asks", two, "3 Typed", come}},
-                            {"arrives before Save", {{"Typed"}, "Save", "before", two, "3 Typed", come}},
-                            {"nothing of it yet arrives", {{"", "A"}, "Save", "asks", "", "2 A", damaged}}});
+        tableOf<Beginning>(
+            {{"Save", {{"A"}, "Save", {}, a, "1 A A A", saved}},
+             {"Add", {{"A"}, "Add", {}, a, "1 A A A", beginQuestion}},
+             {"with gaps", {{"", "A", "", "B"}, "Save", {}, ab, "2 B B B", saved}},
+             {"No", {{"", "A"}, "Save", "No", none, "2 A A A", beginQuestion}},
+             {"full disk", {{"", "A"}, "Save", "full", none, "2 A A A", full}},
+             {"the start", {{}, {}, {}, empty, "1", beginQuestion}},
+             {"arrives at the start", {{}, {}, "asks", two, "2 B", beginQuestion}},
+             {"arrives at Save", {{"Typed"}, "Save", "asks", two, "3 Typed Typed Typed", come}},
+             {"arrives before Save", {{"Typed"}, "Save", "before", two, "3 Typed Typed Typed", come}},
+             {"nothing of it yet arrives", {{"", "A"}, "Save", "asks", "", "2 A A A", damaged}}});
     }
     void theEmptyWindow_beginsAnArchiveOrReadsTheOneThatArrives()
     {
@@ -54,7 +56,8 @@ private slots:
         for (const QString &title : typed) {
             if (&title != &typed.first())
                 press(window, "VScroll1", Qt::Key_PageDown);
-            type(window, "Title", title);
+            for (const QString box : {"Title", "Author", "Tags"})
+                type(window, box, title);
         }
         if (happens == "before")
             put(path, archive);
@@ -97,7 +100,8 @@ private slots:
         Program program(archiveOf(QStringList(9998, "T|||1")));
         press(window, "Title", Qt::Key_PageUp);
         click(window, "Add");
-        click(window, "Add"); // one is enough
+        QVERIFY(hasUnsavedChanges());
+        QCOMPARE(program.boxesOf(window, "Add"), ""); // one is enough
         QCOMPARE(shown() + textOf(window, "Label6"), "9999There are 9998 titles");
         type(window, "Title", "C");
         press(window, "Title", Qt::Key_S, Qt::ControlModifier);
@@ -110,14 +114,14 @@ private slots:
     {
         Program program(archiveOf({"A|a|x|1"}), {Answer::Ok, enterKey});
         press(window, "Title", Qt::Key_PageDown);
-        type(window, "Title", "B");
+        type(window, "Tags", "B");
         click(window, "Save");
         QCOMPARE(contents(path), archiveOf({"A|a|x|1"}));
         windowNamed(window)->close(); // asks, and stays
         QCOMPARE(program.told.size(), 2);
         click(window, "Add");
         click(window, "Save");
-        QCOMPARE(contents(path), archiveOf({"A|a|x|1", "B|||0"}));
+        QCOMPARE(contents(path), archiveOf({"A|a|x|1", "||B|0"}));
         QVERIFY(!hasUnsavedChanges());
     }
 

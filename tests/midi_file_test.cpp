@@ -132,6 +132,8 @@ private slots:
         QVERIFY(readMidiFile(table).ok() && table.endMissing); // which a person is told
         QVERIFY(writeMidiFile(table, 1, fieldsOf("5")).ok() && !table.endMissing);
         QCOMPARE(copyMidiSettings(7, {2}).text(), "Song 7 has no MIDI settings.");
+        const FullDisk disk(0);
+        QCOMPARE(copyMidiSettings(1, {2}).kind, Result::Kind::Unwritable);
     }
 
     void largestTable_isReadAndTakesNoMore()
