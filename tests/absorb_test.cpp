@@ -1,6 +1,5 @@
 #include "archive/archive_file.h"
 #include "merge/absorb.h"
-#include "support/table.h"
 #include "support/test_folder.h"
 
 #include <QCryptographicHash>

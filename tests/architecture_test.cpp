@@ -3,7 +3,6 @@
 #include "support/test_folder.h"
 
 #include <QDirIterator>
-#include <QMap>
 #include <QRegularExpression>
 
 class ArchitectureTest : public QObject

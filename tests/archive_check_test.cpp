@@ -1,7 +1,6 @@
 #include "stand/archive_check.h"
 #include "stand/mend.h"
 #include "stand/own_names.h"
-#include "support/table.h"
 #include "support/test_folder.h"
 
 using Change = std::function<void()>;

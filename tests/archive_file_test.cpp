@@ -1,7 +1,6 @@
 #include "archive/archive_file.h"
 #include "archive/archive_table.h"
 #include "format/code_page.h"
-#include "support/table.h"
 #include "support/test_folder.h"
 
 static const QString path = "spartiti/archivio.js";

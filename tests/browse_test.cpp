@@ -1,6 +1,5 @@
 #include "browse/file_list.h"
 #include "browse/folder_list.h"
-#include "support/table.h"
 #include "support/test_folder.h"
 
 #include <QSignalSpy>

@@ -1,6 +1,5 @@
 #include "archive/Module1.h"
 #include "audio/categories_writer.h"
-#include "support/table.h"
 #include "support/test_folder.h"
 
 using Outcome = CategoriesSaving::Outcome;

@@ -1,5 +1,4 @@
 #include "audio/categories_file.h"
-#include "support/table.h"
 #include "support/windows.h"
 
 #include <QClipboard>

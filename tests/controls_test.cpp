@@ -4,7 +4,6 @@
 #include "controls/row_list.h"
 #include "controls/scroll_bar.h"
 #include "controls/text_box.h"
-#include "support/table.h"
 #include "support/windows.h"
 
 #include <QAction>

@@ -2,7 +2,6 @@
 #include "files/safe_write.h"
 #include "support/keeping.h"
 #include "support/songs_window.h"
-#include "support/table.h"
 
 static const QString window = "Earlier versions";
 static const QString mainWindow = "Tessaline 5.0";

@@ -1,7 +1,6 @@
 // What guides a person: every window as it is seen, spoken and explained, and docs/manual.md against the
 // program: its keys, its messages, its links and pictures, and F1.
 
-#include "support/table.h"
 #include "support/windows.h"
 #include "window/small_screen.h"
 

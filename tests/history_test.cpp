@@ -8,7 +8,6 @@
 #include "history/recovery.h"
 #include "history/versions.h"
 #include "songs/edits.h"
-#include "support/table.h"
 #include "support/test_folder.h"
 
 static const QString archive = "./spartiti/archivio.js", first = "kept/unsaved-1.json";

@@ -1,7 +1,6 @@
 // What was typed and not saved, at the next start; undo of pages and recordings.
 #include "history/kept_folder.h"
 #include "support/keeping.h"
-#include "support/table.h"
 #include "window/progress.h"
 
 #include <QDirIterator>

@@ -3,7 +3,6 @@
 #include "intake/coming_table.h"
 #include "intake/pairing.h"
 #include "support/scans.h"
-#include "support/table.h"
 
 // "minuet: minuet-L.jpg & minuet-R.jpg" with the recording last and "." for an empty place; just the file of
 // a song that has one and is called so.

@@ -1,4 +1,3 @@
-#include "support/table.h"
 #include "support/windows.h"
 
 static const QString window = "Bring in songs";

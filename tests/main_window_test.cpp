@@ -1,6 +1,5 @@
 #include "archive/archive_operations.h"
 #include "controls/image_frame.h"
-#include "support/table.h"
 #include "support/windows.h"
 
 static const QString window = "Tessaline 5.0";

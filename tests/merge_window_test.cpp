@@ -1,6 +1,5 @@
 #include "controls/image_frame.h"
 #include "files/data_folder.h"
-#include "support/table.h"
 #include "support/windows.h"
 #include "window/progress.h"
 

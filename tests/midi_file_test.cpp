@@ -1,7 +1,6 @@
 #include "files/data_folder.h"
 #include "format/code_page.h"
 #include "midi/midi_save.h"
-#include "support/table.h"
 #include "support/test_folder.h"
 
 #include <QSet>

@@ -4,7 +4,6 @@
 #include "pages/jpeg_header.h"
 #include "pages/page_image.h"
 #include "support/scans.h"
-#include "support/table.h"
 
 #include <QBuffer>
 #include <QImageWriter>

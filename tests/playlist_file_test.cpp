@@ -1,6 +1,5 @@
 #include "format/code_page.h"
 #include "playlists/playlist_store.h"
-#include "support/table.h"
 #include "support/test_folder.h"
 
 using Kind = Result::Kind;

@@ -5,7 +5,6 @@
 
 #include <QClipboard>
 #include <QComboBox>
-#include <QLineEdit>
 #include <QProcess>
 #include <QScrollBar>
 #include <QStandardPaths>
@@ -55,8 +54,6 @@ private slots:
         keys("x"); // typed in the table, it is for the box
         QCOMPARE(textOf(window, "Find") + textOf(window, "count"), "\"la mer\"x0 of 3 songs");
         QVERIFY(textOf(window, "nothing") == "Nothing found." && control(window, "nothing")->isVisible());
-        windowNamed(window)->resize(1, 1); // which is made as small as it can be
-        QVERIFY(control(window, "Find")->width() > 100);
         key(Qt::Key_Escape);
         QVERIFY(!windowNamed(window));
     }
@@ -107,7 +104,6 @@ private slots:
         QCOMPARE(contents(path), archiveOf({"A|||1", "B|||1"}));
         click(window, "Save");
         QCOMPARE(contents(path), archiveOf({"A|||1", "Be'|||1"}));
-        QCOMPARE(textOf(window, "unsaved"), "");
         waitUntilActive(window);
         table()->setFocus();
         key(Qt::Key_Z, Qt::ControlModifier);
@@ -210,7 +206,6 @@ private slots:
         }
         for (const auto &[column, up, down] : std::initializer_list<std::tuple<int, QString, QString>>{
                  {1, "4 1 3 2", "2 3 1 4"},
-                 {0, "1 2 3 4", "4 3 2 1"},
                  {2, "3 1 4 2", "2 1 4 3"}, // equal ones stand by their numbers
                  {4, "3 2 4 1", "1 2 4 3"}}) {
             sortBy(column);
@@ -270,7 +265,6 @@ private slots:
         for (int column = 4; column < table()->model()->columnCount(); column += 1)
             columns += shown(column);
         QCOMPARE(columns.join('|'), "33 9 99| ✓ |✓  |  ✓|✓  |2  1");
-        QCOMPARE(table()->model()->index(0, 9).data(Qt::ToolTipRole).toString(), "P\nQ");
         QCOMPARE(textOf(window, "failures"), "");
         put("spartiti/midi.js", fileOf("midi", midiBlock("1", "") + linesOf("2|1,2,3")));
         waitUntilActive("Form1");

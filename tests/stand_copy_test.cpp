@@ -1,5 +1,4 @@
 #include "stand/stand_copy.h"
-#include "support/table.h"
 #include "support/test_folder.h"
 
 static const QString own = "spartiti/", there = "stand/spartiti/";

@@ -1,6 +1,5 @@
 // Thousands of random steps in the main window and in "Songs", beside a plain model of what they mean.
 #include "support/songs_window.h"
-#include "support/table.h"
 
 #include <random>
 

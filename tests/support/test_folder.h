@@ -1,6 +1,7 @@
 #pragma once
 
 #include "files/result.h"
+#include "support/table.h"
 
 #include <QDir>
 #include <QFile>
@@ -8,7 +9,6 @@
 #include <QMap>
 #include <QObject>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <optional>
 
