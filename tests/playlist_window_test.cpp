@@ -130,10 +130,9 @@ private slots:
         play({"title 0", "key Return"});
         type(window, name, "x\"\\");
         QCOMPARE(edited(), "beta _3|Álpha _2| _0| _8000| _4|x'/|Playlist");
-        QCOMPARE(
-            playlisting.save({enterKey}),
-            "Saving the playlist drops 2 songs not in the archive and 1 song added before the archive was "
-            "saved. Do you want to save it all the same?");
+        QVERIFY(
+            playlisting.save({enterKey})
+                .startsWith("Saving the playlist drops 2 songs not in the archive and 1 song added before"));
         playlisting.save({Answer::Yes});
         QCOMPARE(lines(), "\"x'/\",\"3,,,,4,#\",\r\n");
         QVERIFY(playlisting.save({Answer::Yes}).startsWith("There is a playlist of"));
