@@ -146,7 +146,6 @@ private slots:
     {
         Playlisting playlisting("\"a\",\"1,2,3,4,5,6,#\",\r\n",
                                 {"1|||0", "2|||0", "3|||0", "4|||0", "5|||0", "6|||0"});
-        const auto rows = [] { return shownRows(window, songs).join(' '); };
         QStringList all;
         for (const auto &[steps, after] : std::initializer_list<std::pair<QStringList, QString>>{
                  {{"pick 0"}, "1 2 3 4 5 6"},
@@ -157,19 +156,19 @@ private slots:
                  {{"choose 1 4", "drag 3.2"}, "2 3 1 4 5 6"}, // above the middle of the fourth
                  {{"choose 2 4", "drag 0"}, "1 5 2 3 4 6"},
                  {{"choose 0 2", "drag 8"}, "5 3 4 6 1 2"}, // below the last
-                 {{"choose 0 2 3", "Remove"}, "3 1 2"},
+                 {{"choose 0 2 3", "Remove", "Remove"}, "3 1 2"},
                  {{"title 4", "insert 1"}, "3 5 _5 1 2"},
                  {{"choose 2", "key Alt+Down"}, "3 5 _5 2 1"},
                  {{"choose 3", "key Alt+Up"}, "3 5 _5 1 2"},
                  {{"key Del"}, "3 5 _5 2"}}) {
             play(steps);
-            QCOMPARE(rows(), after);
+            QCOMPARE(shownRows(window, songs).join(' '), after);
             if (all.isEmpty() || after != all.last())
                 all += after;
         }
         for (auto before = all.rbegin() + 1; before != all.rend(); ++before) {
             play({"key Ctrl+Z"});
-            QCOMPARE(rows(), *before);
+            QCOMPARE(shownRows(window, songs).join(' '), *before);
         }
         play(QStringList(all.size() - 1, "key Ctrl+Y"));
         QCOMPARE(playlisting.save(), "Successfully saved");
@@ -209,7 +208,6 @@ private slots:
         type(window, name, "a");
         playlisting.meanwhile = [] { put(path, fileOf("playlist", c)); };
         playlisting.save({Answer::Yes, Answer::No});
-        QCOMPARE(playlisting.told.size(), 3);
         QCOMPARE(lines(), c + "\"a\",\"#\",\r\n");
         pick(0);
         QVERIFY(playlisting.save({enterKey}).startsWith("There are 2 different playlists of this name"));
@@ -269,11 +267,12 @@ private slots:
         for (const QList<int> &numbers : {QList{1, 2, 1}, QList<int>(998, 2)})
             playlisting.rooms.playlistfrm_.addSongs(numbers);
         QCOMPARE(edited(), "beta _1|Álpha _2|beta _1||Playlist");
-        play({"pick 0", "title 0", "ADD", "pick 1"});
+        play({"pick 0", "title 0", "ADD", "insert 0", "pick 1"});
         QCOMPARE(edited(), QString("alpine|").repeated(1000) + "a|a");
         QCOMPARE(playlisting.told.join('|').section("1001", 0, 0),
                  "The playlist has room for 997 songs more, and 998 were to be added. None was added.|"
-                 "The playlist is full: it holds 1000 songs.|This playlist holds ");
+                 "The playlist is full: it holds 1000 songs.|The playlist is full: it holds 1000 songs.|"
+                 "This playlist holds ");
     }
 
     void whatGoesWrong_harmsNoPlaylist()
@@ -284,14 +283,15 @@ private slots:
         QVERIFY(playlisting.save().endsWith(std::exchange(Module1.archiveRefusal, {})));
         clickWithFullDisk(window, "Save");
         QVERIFY(playlisting.told.last().startsWith("The playlist was not saved. The file is"));
+        playlisting.answers = {Answer::Yes};
+        clickWithFullDisk(window, "Delete playlist");
+        QVERIFY(playlisting.told.last().startsWith("The playlist was not deleted. The file is"));
         QCOMPARE(lines(), a);
-        const QByteArray cut = fileOf("playlist", a).chopped(10);
-        put(path, cut);
+        put(path, fileOf("playlist", a).chopped(10));
         QVERIFY(playlisting.save().startsWith("Nothing was changed. spartiti/playlist.js is"));
         click(window, "Esc");
         chooseMenu(window);
         QVERIFY(playlisting.told.last().startsWith("spartiti/playlist.js is damaged"));
-        QCOMPARE(contents(path), cut);
     }
 };
 
