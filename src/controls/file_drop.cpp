@@ -34,7 +34,6 @@ bool FileDrop::eventFilter(QObject *, QEvent *event)
     drag->setDropAction(Qt::CopyAction); // after a move the other program would delete them
     drag->setAccepted(!paths.isEmpty());
     if (isDrop && !paths.isEmpty())
-        QMetaObject::invokeMethod(
-            this, [this, paths] { emit dropped(paths); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "dropped", Qt::QueuedConnection, Q_ARG(QStringList, paths));
     return true;
 }
