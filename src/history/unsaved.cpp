@@ -66,7 +66,7 @@ std::optional<Unsaved> unsavedOf(const QByteArray &bytes)
         return std::nullopt;
     const QJsonObject all = QJsonDocument::fromJson(text).object();
     Unsaved unsaved{all["count"].toInt(), {}};
-    for (const QJsonValue &value : all["songs"].toArray()) {
+    for (const QJsonValue value : all["songs"].toArray()) {
         const int record = value["record"].toInt();
         const std::optional<SongFields> is = fieldsOf(value["is"]);
         if (is && record >= 1 && record <= Module1State::lastRecord)

@@ -41,7 +41,7 @@ void Versions::know()
         return;
     QList<Version> versions = all();
     clearLeavings(versions);
-    known_.emplace();
+    known_ = Known();
     for (const Version &version : std::as_const(versions))
         add(version);
 }
@@ -174,7 +174,7 @@ std::optional<Version> Versions::takeLast(const QString &file)
     const auto found = last_.constFind(file);
     if (found == last_.cend())
         return std::nullopt;
-    const Version version = *found;
+    Version version = *found;
     last_.erase(found);
     return version;
 }
@@ -231,7 +231,7 @@ void Versions::thin()
     if (!last.isValid() || qAbs(last.secsTo(time)) >= secondsBetweenThinnings) {
         for (const Version &version : outlived(all(), time, limits_))
             QFile::remove(pathOf(version));
-        known_.emplace();
+        known_ = Known();
         for (const Version &version : all())
             add(version);
         known_->thinned = time;

@@ -79,15 +79,16 @@ void ComingTable::join(const QList<int> &rows)
 {
     QList<ComingSong> after = songs_;
     const Pairs pairs = pairsOf(rows);
-    for (auto pair = pairs.rbegin(); pair != pairs.rend(); ++pair) {
-        ComingSong &song = after[pair->first];
-        const ComingSong joined = after[pair->second];
+    for (auto last = pairs.size() - 1; last >= 0; last -= 1) {
+        const auto &[first, second] = pairs[last];
+        ComingSong &song = after[first];
+        const ComingSong joined = after[second];
         const QList<ComingPage> pages = song.pages() + joined.pages();
         song.left = pages.value(0);
         song.right = pages.value(1);
         if (song.recording.isEmpty())
             song.recording = joined.recording;
-        after.removeAt(pair->second);
+        after.removeAt(second);
     }
     replaceSongs(after, "join");
 }
