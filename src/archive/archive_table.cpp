@@ -127,7 +127,9 @@ static bool stopsViewer(QByteArrayView text)
 QList<int> unviewableRecords(const ArchiveTable &table)
 {
     const qsizetype lines = linesPerRecord * table.count() + 2;
-    const auto hasAsMany = [&](char lineEnd) { return table.bytes.count(lineEnd) == lines; };
+    const auto hasAsMany = [&](char lineEnd) {
+        return std::count(table.bytes.begin(), table.bytes.end(), lineEnd) == lines;
+    };
     if (!table.bytes.contains('\\') && hasAsMany('\n') && hasAsMany('\r'))
         return {}; // nearly always, and sooner than field by field
     QList<int> records;
